@@ -1,0 +1,9 @@
+# Warnings are errors for our own code; Qt's and OpenCV's headers are system headers to the compiler.
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+                    -Wnull-dereference -Wdouble-promotion -Werror)
+add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+
+if(MEASURETOOLS_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer -O1)
+    add_link_options(-fsanitize=address,undefined)
+endif()

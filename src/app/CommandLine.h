@@ -1,0 +1,31 @@
+#ifndef COMMANDLINE_H
+#define COMMANDLINE_H
+
+#include <QString>
+#include <QStringList>
+
+/// What the program was asked to do.
+struct CommandLine
+{
+    enum Action
+    {
+        kWindow,  // open theInput, or the sample without one
+        kValues,  // print the values of theInput
+        kRender,  // write the picture of theInput to theOutput
+        kHelp,
+        kVersion,
+        kError // theText tells what is wrong
+    };
+
+    Action theAction = kWindow;
+    QString theInput;
+    QString theOutput;
+    QString theText;
+
+    /// Reads the arguments without the program's name. It never exits by itself.
+    static CommandLine parse(const QStringList& aArguments);
+    bool needsWindow() const { return theAction == kWindow; }
+    static QString helpText();
+};
+
+#endif

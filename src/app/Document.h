@@ -1,0 +1,52 @@
+#ifndef DOCUMENT_H
+#define DOCUMENT_H
+
+#include <QObject>
+#include <QString>
+
+class Media;
+class QUndoStack;
+class QWidget;
+
+/// The work at hand: a picture with its objects and calibrations, and the project file they are kept in.
+///
+/// Every operation either succeeds as a whole or leaves everything as it was and gives one sentence in aError.
+class Document : public QObject
+{
+    Q_OBJECT
+
+public:
+    Document(Media& aMedia, QUndoStack& aStack, QObject* aParent);
+
+    /// Opens a project or a picture by its ending. An open picture replaces all objects and calibrations.
+    bool open(const QString& aPath, QString& aError);
+    bool openPicture(const QString& aPath, QString& aError);
+    /// A project whose picture is missing opens with an empty picture of its size; isPictureMissing() is then true.
+    bool openProject(const QString& aPath, QString& aError);
+    /// Puts the picture that was missing in its place; the objects stay.
+    bool locatePicture(const QString& aPath, QString& aError);
+    bool save(const QString& aPath, QString& aError);
+
+    bool isPictureMissing() const;
+    bool isModified() const;
+    const QString& projectPath() const { return theProjectPath; }
+    /// What the window's title shows: the project's name, or the picture's before it is saved.
+    QString displayName() const;
+    /// Widget for the progress dialog of long loads; null without a window.
+    void setProgressParent(QWidget* aParent) { theProgressParent = aParent; }
+
+Q_SIGNALS:
+    void changed(); // another project or picture, or another name
+
+private:
+    void clearObjects();
+    bool constructObjects(const struct ProjectContent& aContent);
+
+    Media& theMedia;
+    QUndoStack& theStack;
+    QWidget* theProgressParent = nullptr; // not owned
+    QString theProjectPath;
+    bool thePictureRelocated = false; // an unsaved change that no command holds
+};
+
+#endif

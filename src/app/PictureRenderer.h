@@ -1,0 +1,20 @@
+#ifndef PICTURERENDERER_H
+#define PICTURERENDERER_H
+
+#include <QImage>
+#include <QString>
+
+class LmCvEditor;
+
+/// The picture with its objects burned in, at the picture's own resolution.
+namespace PictureRenderer {
+
+/// The rendered picture, labels and heads at the sizes they have at zoom 1; null without a picture.
+QImage render(LmCvEditor& aEditor);
+
+/// Renders into a file, written whole or not at all; false with one sentence in aError.
+bool renderTo(LmCvEditor& aEditor, const QString& aPath, QString& aError);
+
+} // namespace PictureRenderer
+
+#endif

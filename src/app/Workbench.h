@@ -1,0 +1,44 @@
+#ifndef WORKBENCH_H
+#define WORKBENCH_H
+
+#include <QList>
+#include <QObject>
+#include <QUndoStack>
+
+#include <memory>
+
+class Document;
+class LmCvEditor;
+class LmCvManipulator;
+class Media;
+class QToolBar;
+
+/// Editor, undo stack, tools and document wired together: what the window and the program without a window share.
+/// One workbench exists at a time, since the kernel is one.
+class Workbench : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Workbench(QObject* aParent = nullptr);
+    ~Workbench() override;
+
+    /// Loads the plug-in and starts its tools, whose buttons go into the tool bar. False with one sentence in aError
+    /// when the plug-in is missing or doesn't fit; the workbench then goes on without tools.
+    bool loadTools(QToolBar* aToolBar, QString& aError);
+    const QList<LmCvManipulator*>& tools() const { return theTools; }
+
+    LmCvEditor& editor() { return *theEditor; }
+    QUndoStack& undoStack() { return theUndoStack; }
+    Media& media() { return *theMedia; }
+    Document& document() { return *theDocument; }
+
+private:
+    QUndoStack theUndoStack;
+    LmCvEditor* theEditor; // owned by this until a window takes it as a child widget
+    Media* theMedia;       // child
+    Document* theDocument; // child
+    QList<LmCvManipulator*> theTools; // children
+};
+
+#endif

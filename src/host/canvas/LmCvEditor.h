@@ -1,0 +1,96 @@
+#ifndef LMCVEDITOR_H
+#define LMCVEDITOR_H
+
+#include "LmCvCanvas.h"
+#include "Q3CanvasView.h"
+
+#include <QLinkedList>
+#include <QPointer>
+
+#include <memory>
+
+class LmCvGestures;
+class LmCvManipulator;
+class LmCvObject;
+class LmCvSelection;
+class QUndoStack;
+
+/// The view in which objects are measured. It routes mouse and keyboard to the current tool, to the item under the
+/// pointer, or to selecting, zooming and panning. Events reach tools and items in canvas coordinates.
+class LmCvEditor : public Q3CanvasView
+{
+    Q_OBJECT
+
+public:
+    explicit LmCvEditor(QWidget* aParent = nullptr);
+    ~LmCvEditor() override;
+
+    Q3Canvas* getCanvas() const { return canvas(); }
+    LmCvCanvas* imageCanvas() const { return theImageCanvas; }
+    void setUndoStack(QUndoStack* aStack) { theUndoStack = aStack; }
+    QUndoStack* undoStack() const { return theUndoStack; }
+    LmCvSelection& selection() { return *theSelection; }
+
+    /// Makes the item (or none) the current one; aReveal scrolls it into view. Its active state is the caller's.
+    void setCurrentTrack(LmCvObject* aItem, bool aReveal);
+    /// Makes the item (or none) current and active, and the former one inactive.
+    void activateItem(LmCvObject* aItem);
+    /// Activates a tool, or the selection arrow with null. A running action of the former tool is ended.
+    void setCurrentManipulator(LmCvManipulator* aTool);
+    /// Sends all mouse events to the tool, whichever item lies under the mouse, until it is released with null, false.
+    void setMouseGrabber(LmCvManipulator* aTool, bool aOn);
+    LmCvManipulator* mouseGrabber() const { return theMouseGrabber; }
+
+    bool setWorldMatrix(const QTransform& aMatrix) override;
+    double zoom() const { return worldMatrix().m11(); }
+    void setZoom(double aZoom);
+    void zoomStep(int aSteps, const QPointF& aViewportPos);
+    void zoomToFit();
+
+    /// The topmost item under the canvas point, the current one before all others; with a tool given only its items.
+    LmCvObject* itemAt(const QPoint& aCanvasPoint, const LmCvManipulator* aOnlyOf = nullptr) const;
+    /// All measuring items, topmost first.
+    QList<LmCvObject*> cvItems() const;
+
+    LmCvObject* theCurrentTrack = nullptr;          // owned by the canvas, cleared when it goes
+    LmCvManipulator* theCurrentManipulator = nullptr; // not owned, cleared when it goes; null is the selection arrow
+    QLinkedList<LmCvManipulator*> theItemWatchers;  // see clicks on all items
+
+public Q_SLOTS:
+    void slotShowAllCvItems();
+    /// Ends a running action and, without one, goes back to the selection arrow.
+    void slotEscape();
+    void slotDeleteSelected();
+
+Q_SIGNALS:
+    void signalCanvasObjectChanged(LmCvObject* aItem);
+    void signalCurrentObjectChanged(LmCvObject* aItem);
+    void signalCurrentManipulatorChanged(LmCvManipulator* aTool);
+    void signalSelectionChanged();
+    /// The pointer moved over the canvas.
+    void signalPointerMoved(const QPoint& aCanvasPoint);
+    void signalPointerLeft();
+    /// A menu is wanted for the item, or for the canvas with null.
+    void signalContextMenu(LmCvObject* aItem, const QPoint& aCanvasPoint, const QPoint& aGlobalPos);
+    void signalZoomChanged(double aZoom);
+
+protected:
+    bool viewportEvent(QEvent* aEvent) override;
+    void keyPressEvent(QKeyEvent* aEvent) override;
+    void keyReleaseEvent(QKeyEvent* aEvent) override;
+    void focusOutEvent(QFocusEvent* aEvent) override;
+    void drawForeground(QPainter& aPainter) override;
+
+private:
+    friend class LmCvGestures;
+
+    void forgetItem(Q3CanvasItem* aItem);
+
+    LmCvCanvas* theImageCanvas; // owned as a child
+    std::unique_ptr<LmCvGestures> theGestures;
+    std::unique_ptr<LmCvSelection> theSelection;
+    QUndoStack* theUndoStack = nullptr;         // not owned
+    LmCvManipulator* theMouseGrabber = nullptr; // not owned
+};
+
+#endif

@@ -1,0 +1,22 @@
+#ifndef PARAMDESCR_H
+#define PARAMDESCR_H
+
+#include <QMetaType>
+#include <QString>
+
+/// One parameter of an object type.
+struct ParamDescr
+{
+    enum KeyframeType
+    {
+        kBlended = 0, // geometry: keyframes, with a value at every frame between them
+        kHeld = 1,    // keyframes, and the last one holds
+        kWhole = 2    // one value for the whole object
+    };
+
+    QString theName;
+    QMetaType::Type theType = QMetaType::UnknownType;
+    KeyframeType theKeyframeType = kWhole;
+};
+
+#endif

@@ -1,0 +1,30 @@
+#ifndef Q3CANVASLINE_H
+#define Q3CANVASLINE_H
+
+#include "Q3CanvasPolygonalItem.h"
+
+/// A straight line between two points, drawn with the item's pen.
+class Q3CanvasLine : public Q3CanvasPolygonalItem
+{
+public:
+    explicit Q3CanvasLine(Q3Canvas* aCanvas);
+    ~Q3CanvasLine() override;
+
+    void setPoints(int aX1, int aY1, int aX2, int aY2);
+    QPoint startPoint() const { return theLineStart; }
+    QPoint endPoint() const { return theLineEnd; }
+
+    int rtti() const override { return 7; }
+    void setPen(QPen aPen) override;
+    void moveBy(double aDx, double aDy) override;
+    Q3PointArray areaPoints() const override;
+
+protected:
+    void drawShape(QPainter& aPainter) override;
+
+private:
+    QPoint theLineStart;
+    QPoint theLineEnd;
+};
+
+#endif
