@@ -1,6 +1,7 @@
 #ifndef Q3POINTARRAY_H
 #define Q3POINTARRAY_H
 
+#include <QMetaType>
 #include <QPolygon>
 
 /// A list of integer points: a QPolygon under the name that the tools use.

@@ -1,0 +1,50 @@
+#include "PointMath.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+int clamped(qint64 aValue, qint64 aLow, qint64 aHigh)
+{
+    return int(std::clamp(aValue, aLow, aHigh));
+}
+
+int saturated(qint64 aValue)
+{
+    return clamped(aValue, std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+}
+
+} // namespace
+
+QPoint PointMath::sum(const QPoint& aPoint, const QPoint& aVector)
+{
+    return QPoint(saturated(qint64(aPoint.x()) + aVector.x()), saturated(qint64(aPoint.y()) + aVector.y()));
+}
+
+QPoint PointMath::difference(const QPoint& aTo, const QPoint& aFrom)
+{
+    return QPoint(saturated(qint64(aTo.x()) - aFrom.x()), saturated(qint64(aTo.y()) - aFrom.y()));
+}
+
+QPoint PointMath::middle(const QPoint& aStart, const QPoint& aEnd)
+{
+    return QPoint(qRound((double(aStart.x()) + aEnd.x()) * 0.5),
+                  qRound((double(aStart.y()) + aEnd.y()) * 0.5));
+}
+
+QPoint PointMath::cut(double aX, double aY)
+{
+    return QPoint(int(aX), int(aY));
+}
+
+QPoint PointMath::nearby(const QPoint& aPoint)
+{
+    constexpr int kReach = 1 << 29;
+    return QPoint(clamped(aPoint.x(), -kReach, kReach), clamped(aPoint.y(), -kReach, kReach));
+}
+
+bool hasModifier(const QMouseEvent* aEvent, Qt::KeyboardModifier aModifier)
+{
+    return ((uint(aEvent->buttons()) | uint(aEvent->modifiers())) & uint(aModifier)) != 0;
+}

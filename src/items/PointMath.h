@@ -1,0 +1,27 @@
+#ifndef POINTMATH_H
+#define POINTMATH_H
+
+#include <QMouseEvent>
+#include <QPoint>
+
+/// Integer points without overflow: sums beyond the int range stay at its end.
+namespace PointMath {
+
+QPoint sum(const QPoint& aPoint, const QPoint& aVector);
+QPoint difference(const QPoint& aTo, const QPoint& aFrom);
+
+/// The middle of a segment, each coordinate rounded with halves away from zero.
+QPoint middle(const QPoint& aStart, const QPoint& aEnd);
+
+/// The point with both coordinates cut toward zero.
+QPoint cut(double aX, double aY);
+
+/// The point pulled into +-2^29, where rectangles around it can be moved without overflow.
+QPoint nearby(const QPoint& aPoint);
+
+} // namespace PointMath
+
+/// Whether a mouse event carries the modifier, in its buttons or modifiers after the event.
+bool hasModifier(const QMouseEvent* aEvent, Qt::KeyboardModifier aModifier);
+
+#endif

@@ -1,0 +1,65 @@
+#include "TurnedLabel.h"
+
+#include "PointMath.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QTransform>
+
+#include <cmath>
+
+namespace {
+
+// Turns the painter about the pivot. The new translation is worked out from the pivot's two images, the
+// second cut to whole pixels, so that the box edges fall on the same pixels while a line is dragged through
+// nearby slopes.
+void turnAbout(QPainter& aPainter, const QPoint& aPivot, double aDegrees)
+{
+    const QTransform before = aPainter.worldTransform();
+    const QTransform linear(before.m11(), before.m12(), before.m21(), before.m22(), 0.0, 0.0);
+    const QPoint kept = linear.map(aPivot);
+
+    aPainter.rotate(aDegrees);
+    const QTransform turned = aPainter.worldTransform();
+    const QPointF image = turned.map(QPointF(aPivot)) - QPointF(turned.dx(), turned.dy());
+    const QPoint shift = PointMath::difference(kept, PointMath::cut(image.x(), image.y()));
+    aPainter.setWorldTransform(QTransform(turned.m11(), turned.m12(), turned.m21(), turned.m22(),
+                                          turned.dx() + shift.x(), turned.dy() + shift.y()));
+}
+
+} // namespace
+
+QRect TurnedLabel::boxOf(const QString& aText, const QFont& aFont)
+{
+    return QFontMetrics(aFont).boundingRect(aText);
+}
+
+void TurnedLabel::place(QRect& aBox, const QPoint& aCentre, int aRaise)
+{
+    const QPoint centre = PointMath::nearby(aCentre);
+    aBox.moveCenter(centre);
+    aBox.moveBottom(centre.y() - aRaise);
+}
+
+double TurnedLabel::angleOf(const QPoint& aStart, const QPoint& aEnd)
+{
+    constexpr double kDegreesPerRadian = 57.295779513260925;
+    const double dx = double(aEnd.x()) - aStart.x();
+    const double dy = double(aEnd.y()) - aStart.y();
+    if (dx == 0.0 && dy == 0.0)
+        return 0.0;
+    return std::atan(dy / dx) * kDegreesPerRadian;
+}
+
+void TurnedLabel::draw(QPainter& aPainter, const QPoint& aPivot, double aDegrees) const
+{
+    aPainter.save();
+    turnAbout(aPainter, PointMath::nearby(aPivot), aDegrees);
+    aPainter.setPen(theOutlinePen);
+    aPainter.setBrush(theFill);
+    aPainter.drawRects(&theBox, 1);
+    aPainter.setFont(theFont);
+    aPainter.setPen(theTextPen);
+    aPainter.drawText(theBox, Qt::AlignCenter, theText);
+    aPainter.restore();
+}
