@@ -1,0 +1,199 @@
+#include "LmCvManipDist.h"
+
+#include "LmCvDistance.h"
+#include "LmCvEditor.h"
+#include "LmKSKernelData.h"
+#include "LmKernelObjectData.h"
+#include "PointMath.h"
+#include "SegmentGeometry.h"
+
+#include <QMouseEvent>
+
+#include <cmath>
+
+namespace {
+
+constexpr int kDistanceType = 1102;
+const QPoint kRulerEnd(7, 24); // hot spot of the cursor: the ruler's lower left end
+
+// The slope in degrees, cut to tenths. The 0.1 of a tenth lets a slope that is a rounding error short of a
+// tenth read as that tenth. The factor has ten digits here; the snapping's longer one would cut some slopes
+// differently.
+double slopeDegrees(double aDx, double aDy)
+{
+    return std::floor(std::asin(-aDy / std::sqrt(aDx * aDx + aDy * aDy)) * 57.29577951 * 10.0 + 0.1) / 10.0;
+}
+
+} // namespace
+
+LmCvManipDist::LmCvManipDist(QObject* aParent) : LmCvObjectTool(kDistanceType, aParent)
+{
+    loadCursor(QStringLiteral(":/DimCursor.png"), kRulerEnd);
+}
+
+LmCvManipDist::LmCvManipDist(QToolBar* aToolBar, QObject* aParent)
+    : LmCvObjectTool(kDistanceType, aToolBar, aParent)
+{
+    loadCursor(QStringLiteral(":/DimCursor.png"), kRulerEnd);
+    LmCvManipDist::initManipulator(aToolBar);
+}
+
+LmCvManipDist::~LmCvManipDist() = default;
+
+LmCvObjectTool::Texts LmCvManipDist::texts() const
+{
+    return {tr("Distance tool"),
+            tr("Tool for measuring distances on the image view"),
+            QStringLiteral(":/Dist.svg"),
+            {tr("Distance"), tr("DX"), tr("DY"), tr("Angle")}};
+}
+
+QList<ParamDescr> LmCvManipDist::geometryParams() const
+{
+    return {{QStringLiteral("pos"), QMetaType::QPoint, ParamDescr::kBlended},
+            {QStringLiteral("ep"), QMetaType::QPoint, ParamDescr::kBlended}};
+}
+
+QStringList LmCvManipDist::getObjectTypeNames()
+{
+    return {tr("Distance")};
+}
+
+QString LmCvManipDist::getObjectName(int)
+{
+    return tr("Distance");
+}
+
+QString LmCvManipDist::getObjectName(const LmCvObject*)
+{
+    return tr("Distance");
+}
+
+LmCvObject* LmCvManipDist::newItem(const QString& aLabel)
+{
+    return new LmCvDistance(this, theCvEditor->canvas(), aLabel, theCvEditor);
+}
+
+LmCvObjectTool::NamedValues LmCvManipDist::geometryOf(const LmCvObject* aItem, const QPoint& aOrigin) const
+{
+    const auto* distance = static_cast<const LmCvDistance*>(aItem);
+    const QPoint middle = PointMath::middle(distance->theStart, distance->theEnd);
+    return {{QStringLiteral("pos"), PointMath::sum(middle, aOrigin)},
+            {QStringLiteral("ep"), PointMath::difference(distance->theEnd, middle)}};
+}
+
+void LmCvManipDist::applyGeometry(LmCvObject* aItem, const LmParamKeyframeVector& aValues,
+                                  const QPoint& aOrigin) const
+{
+    const QPoint middle = PointMath::difference(aValues[kPos].getValue().toPoint(), aOrigin);
+    const QPoint toEnd = aValues[kEp].getValue().toPoint();
+    static_cast<LmCvDistance*>(aItem)->setPoints(PointMath::difference(middle, toEnd),
+                                                 PointMath::sum(middle, toEnd));
+}
+
+LmCvDistance* LmCvManipDist::ownItem(const LmCvObject* aObject) const
+{
+    return static_cast<LmCvDistance*>(theCvObjects.value(getObjectIdx(aObject)));
+}
+
+void LmCvManipDist::mousePressEvent(QMouseEvent* aEvent)
+{
+    thePressPoint = aEvent->pos();
+    theCurrent = static_cast<LmCvDistance*>(newItem(QString::number(nextObjectIdx())));
+    theCurrent->setPoints(thePressPoint, thePressPoint);
+    presentNewItem(theCurrent);
+    aEvent->accept();
+}
+
+void LmCvManipDist::mouseMoveEvent(QMouseEvent* aEvent)
+{
+    if (!theCurrent) {
+        aEvent->ignore();
+        return;
+    }
+    QPoint point = aEvent->pos();
+    if (hasModifier(aEvent, Qt::ShiftModifier))
+        point = SegmentGeometry::snapped(thePressPoint, point);
+    theCurrent->setPoints(thePressPoint, point);
+    updateDisplayValue(theCurrent, theLastUsedValueName, false, true);
+    aEvent->accept();
+}
+
+void LmCvManipDist::mouseReleaseEvent(QMouseEvent* aEvent)
+{
+    if (!theCurrent)
+        return;
+    LmCvDistance* drawn = theCurrent;
+    storeNewItem(drawn, theLastUsedValueName);
+    theCurrent = nullptr;
+    aEvent->accept();
+}
+
+bool LmCvManipDist::abortAction()
+{
+    if (!theCurrent)
+        return false;
+    delete theCurrent;
+    theCurrent = nullptr;
+    theCvEditor->canvas()->update();
+    return true;
+}
+
+bool LmCvManipDist::isAngleName(const QString& aName) const
+{
+    return aName == tr("Angle");
+}
+
+// aExtent runs from start to end in pixels; an invalid value for a name that isn't known.
+QVariant LmCvManipDist::measured(const QString& aName, const QPoint& aExtent, double aStep) const
+{
+    const double dx = aExtent.x();
+    const double dy = aExtent.y();
+    const auto inUnits = [aStep](double aPixels) { return aStep != 0.0 ? aPixels / aStep : aPixels; };
+    if (aName == tr("DY"))
+        return inUnits(std::abs(dy));
+    if (aName == tr("DX"))
+        return inUnits(std::abs(dx));
+    if (aName == tr("Distance"))
+        return inUnits(std::sqrt(dx * dx + dy * dy));
+    if (isAngleName(aName))
+        return slopeDegrees(dx, dy);
+    return QVariant();
+}
+
+QVariant LmCvManipDist::getValue(const QString& aName, const LmCvObject* aObject, QString& aUnit)
+{
+    aUnit = QString();
+    if (!aObject || aObject->rtti() != theObjectType)
+        return QVariant();
+    const double step = theKernelData->currentStep(aUnit);
+    const auto* distance = static_cast<const LmCvDistance*>(aObject);
+    if (isAngleName(aName))
+        aUnit = QChar(176);
+    return measured(aName, PointMath::difference(distance->theEnd, distance->theStart), step);
+}
+
+QLinkedList<QVariant> LmCvManipDist::getValues(const QStringList& aNames, const LmKernelObjectData* aData,
+                                               QStringList& aUnits)
+{
+    aUnits.clear();
+    QLinkedList<QVariant> values;
+    if (isNothingAsked(aNames)) {
+        values.append(QVariant());
+        aUnits.append(QString());
+        return values;
+    }
+    QString unit;
+    const double step = theKernelData->currentStep(unit);
+    const LmParamKeyframeVector keyframes = aData->getKeyframesAt(theKernelData->theCurrentFrame);
+    const QPoint pos = keyframes[kPos].getValue().toPoint();
+    const QPoint ep = keyframes[kEp].getValue().toPoint();
+    const QPoint extent =
+        PointMath::difference(PointMath::sum(pos, ep), PointMath::difference(pos, ep)); // end less start
+    for (const QString& name : aNames) {
+        const QVariant value = measured(name, extent, step);
+        values.append(value);
+        aUnits.append(!value.isValid() ? QString() : isAngleName(name) ? QString(QChar(176)) : unit);
+    }
+    return values;
+}

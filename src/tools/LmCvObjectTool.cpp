@@ -1,0 +1,316 @@
+#include "LmCvObjectTool.h"
+
+#include "CmdChangeObject.h"
+#include "CmdCreateObject.h"
+#include "LmAppSettings.h"
+#include "LmCvEditor.h"
+#include "LmCvObject.h"
+#include "LmKSKernelData.h"
+#include "LmKernelObjectData.h"
+#include "LmKernelObjectDataDescr.h"
+
+#include <QPixmap>
+#include <QPolygon>
+#include <QToolButton>
+
+#include <limits>
+#include <memory>
+
+namespace {
+
+// Properties aside, everything may be done to an object: colour (4), hide and show (8), delete (16), two
+// flags that only the host reads (64), values that follow the frames (128), and a place in the measurement
+// window (512).
+constexpr int kObjectFlags = 732;
+
+// Writes the values in their order; one that is refused ends the filling, and the vector stays as far as it
+// came.
+void fill(const LmKernelObjectDataDescr& aDescriptor, LmParamKeyframeVector& aVector,
+          const QList<QPair<QString, QVariant>>& aValues)
+{
+    for (const auto& [name, value] : aValues)
+        if (!aDescriptor.setValue(aVector, name, value))
+            return;
+}
+
+int scaled(int aCoordinate, double aRatio)
+{
+    const double value = aCoordinate * aRatio;
+    constexpr double kMax = std::numeric_limits<int>::max();
+    return value >= -kMax && value <= kMax ? qRound(value) : aCoordinate;
+}
+
+QPoint scaled(const QPoint& aPoint, double aRatio)
+{
+    return QPoint(scaled(aPoint.x(), aRatio), scaled(aPoint.y(), aRatio));
+}
+
+// A point or each point of a list times the ratio; an invalid variant for a value without points.
+QVariant scaled(const QVariant& aValue, double aRatio)
+{
+    if (aValue.typeId() == QMetaType::QPoint)
+        return scaled(aValue.toPoint(), aRatio);
+    if (aValue.typeId() != QMetaType::QPolygon)
+        return QVariant();
+    QPolygon points = aValue.value<QPolygon>();
+    for (QPoint& point : points)
+        point = scaled(point, aRatio);
+    return QVariant::fromValue<QPolygon>(points);
+}
+
+} // namespace
+
+LmCvObjectTool::LmCvObjectTool(int aObjectType, QObject* aParent) : LmCvManipulator(aParent)
+{
+    theObjectType = aObjectType;
+}
+
+LmCvObjectTool::LmCvObjectTool(int aObjectType, QToolBar* aToolBar, QObject* aParent)
+    : LmCvManipulator(aToolBar, aParent)
+{
+    theObjectType = aObjectType;
+}
+
+LmCvObjectTool::~LmCvObjectTool() = default;
+
+void LmCvObjectTool::loadCursor(const QString& aFile, const QPoint& aHotSpot)
+{
+    theToolCursor = QCursor(QPixmap(aFile), aHotSpot.x(), aHotSpot.y());
+}
+
+int LmCvObjectTool::getCvObjectFlags(LmCvObject*)
+{
+    return kObjectFlags;
+}
+
+QIcon& LmCvObjectTool::getIconSet(const QString&)
+{
+    return theToolIcon;
+}
+
+const QCursor& LmCvObjectTool::getCursor() const
+{
+    return theToolCursor;
+}
+
+void LmCvObjectTool::initManipulator(QToolBar* aToolBar)
+{
+    LmCvManipulator::initManipulator(aToolBar);
+    if (!registerWithKernel())
+        return;
+    connectKernel();
+
+    const Texts own = texts();
+    theToolIcon.addFile(own.theIconFile, QSize(-1, -1), QIcon::Normal, QIcon::Off);
+    if (theToolButton) {
+        theToolButton->setIcon(theToolIcon);
+        theToolButton->setAutoRaise(true);
+        theToolButton->setToolTip(own.theToolTip);
+        theToolButton->setWhatsThis(own.theHelp);
+        theToolButton->setAccessibleName(own.theToolTip);
+    }
+    theValueNames += own.theValueNames;
+}
+
+bool LmCvObjectTool::registerWithKernel()
+{
+    theInitDone = theKernelData->registerObjectType(this, theObjectType);
+    if (!theInitDone)
+        return false;
+    std::unique_ptr<LmKernelObjectDataDescr> ours(createDescriptor());
+    theInitDone = theKernelData->registerDataDescriptor(ours.get(), theObjectType);
+    if (theInitDone)
+        ours.release(); // the kernel owns it now
+    return theInitDone;
+}
+
+LmKernelObjectDataDescr* LmCvObjectTool::createDescriptor() const
+{
+    const QList<ParamDescr> own = geometryParams();
+    auto* descr = new LmKernelObjectDataDescr(theObjectType, kFirstOwnParam + int(own.size()));
+    descr->addParamDescr(kVisible, QStringLiteral("vis"), QMetaType::Bool, ParamDescr::kWhole);
+    descr->addParamDescr(kColor, QStringLiteral("col"), QMetaType::QColor, ParamDescr::kWhole);
+    descr->addParamDescr(kShownValue, QStringLiteral("dispv"), QMetaType::QString, ParamDescr::kWhole);
+    unsigned int index = kFirstOwnParam;
+    for (const ParamDescr& param : own)
+        descr->addParamDescr(index++, param.theName, param.theType, param.theKeyframeType);
+    return descr;
+}
+
+void LmCvObjectTool::setCvEditor(LmCvEditor* aEditor)
+{
+    LmCvManipulator::setCvEditor(aEditor);
+    if (aEditor)
+        connect(aEditor, SIGNAL(signalCanvasObjectChanged(LmCvObject*)), this,
+                SLOT(slotCanvasObjectChanged(LmCvObject*)));
+}
+
+LmKernelObjectDataDescr* LmCvObjectTool::descriptor() const
+{
+    return theKernelData->getDataDescriptor(theObjectType);
+}
+
+LmKernelObjectData* LmCvObjectTool::recordOf(int aIdx) const
+{
+    return theKernelData->getObject(theObjectType, aIdx);
+}
+
+QVariant LmCvObjectTool::sharedValue(const LmParamKeyframeVector& aValues, CommonParam aParam) const
+{
+    return aValues[aParam].getValue();
+}
+
+bool LmCvObjectTool::isNothingAsked(const QStringList& aNames)
+{
+    return aNames.isEmpty() || (aNames.size() == 1 && aNames.first().isEmpty());
+}
+
+void LmCvObjectTool::presentNewItem(LmCvObject* aItem)
+{
+    aItem->setColor(LmAppSettings::theGridColor);
+    prepareItem(aItem);
+    makeItemCurrent(aItem);
+    aItem->show();
+}
+
+void LmCvObjectTool::storeNewItem(LmCvObject* aItem, const QString& aShownValue)
+{
+    const LmKernelObjectDataDescr* descr = descriptor();
+    if (!descr)
+        return;
+    // Undo may have been used since the press, so that the label gets its number anew.
+    const int index = nextObjectIdx();
+    aItem->theLabel = QString::number(index);
+    theCvObjects.insert(index, aItem);
+
+    LmParamKeyframeVector vector = descr->createKeyframeVector();
+    NamedValues values = geometryOf(aItem, theKernelData->origin());
+    values << qMakePair(QStringLiteral("dispv"), QVariant(aShownValue))
+           << qMakePair(QStringLiteral("col"), QVariant(LmAppSettings::theGridColor))
+           << qMakePair(QStringLiteral("vis"), QVariant(true));
+    fill(*descr, vector, values);
+    auto* record = new LmKernelObjectData(vector, descr->getKeyframeTypes(), 0);
+    pushOwn(new CmdCreateObject(theObjectType, index, record));
+    updateDisplayValue(aItem, aShownValue, true, true);
+}
+
+LmCvObject* LmCvObjectTool::itemFromRecord(int aIdx, const LmParamKeyframeVector& aValues)
+{
+    LmCvObject* item = newItem(QString::number(aIdx));
+    applyGeometry(item, aValues, theKernelData->origin());
+    item->setColor(sharedValue(aValues, kColor).value<QColor>());
+    prepareItem(item);
+    return item;
+}
+
+void LmCvObjectTool::slotObjectCreatedInKernel(int aType, int aIdx, const LmKernelObjectData* aData)
+{
+    if (theSelfChange || aType != theObjectType || theCvObjects.contains(aIdx))
+        return;
+    // The label has only its number until the next change or frame, and the object is shown whatever "vis"
+    // says.
+    LmCvObject* item = itemFromRecord(aIdx, aData->getKeyframesAt(theKernelData->theCurrentFrame));
+    item->show();
+    theCvObjects.insert(aIdx, item);
+    theCvEditor->canvas()->update();
+}
+
+void LmCvObjectTool::slotCanvasObjectChanged(LmCvObject* aObject)
+{
+    if (!aObject || aObject->rtti() != theObjectType)
+        return;
+    const int index = getObjectIdx(aObject);
+    const LmKernelObjectData* record = index < 0 ? nullptr : recordOf(index);
+    const LmKernelObjectDataDescr* descr = descriptor();
+    if (!record || !descr)
+        return;
+
+    const Int64 frame = theKernelData->theCurrentFrame;
+    LmParamKeyframeVector vector = descr->createKeyframeVector();
+    NamedValues values = geometryOf(aObject, theKernelData->origin());
+    values << qMakePair(QStringLiteral("col"), QVariant(aObject->getColor()))
+           << qMakePair(QStringLiteral("dispv"),
+                        QVariant(sharedValue(record->getKeyframesAt(frame), kShownValue).toString()));
+    fill(*descr, vector, values);
+    if (record->theAnimated)
+        vector.setFrameNumber(frame);
+    const QString shownValue = sharedValue(vector, kShownValue).toString();
+    pushOwn(new CmdChangeObject(theObjectType, index, vector, false));
+    updateDisplayValue(aObject, shownValue, true, true);
+}
+
+void LmCvObjectTool::slotObjectChangedInKernel(int aType, int aIdx, const LmKernelObjectData* aData)
+{
+    if (theSelfChange || aType != theObjectType)
+        return;
+    LmCvObject* item = theCvObjects.value(aIdx);
+    if (!item)
+        return;
+    const LmParamKeyframeVector values = aData->getKeyframesAt(theKernelData->theCurrentFrame);
+    applyGeometry(item, values, theKernelData->origin());
+    updateDisplayValue(item, sharedValue(values, kShownValue).toString(), true, true);
+}
+
+void LmCvObjectTool::slotFrameReadyStopInKernel(Int64 aFrame)
+{
+    if (!theSelfChange)
+        recreateCanvasObjects(theKernelData->origin(), aFrame, theCurrentViewAnimated);
+}
+
+void LmCvObjectTool::recreateCanvasObjects(QPoint aOrigin, long long aFrame, bool aAll)
+{
+    const QMap<int, LmKernelObjectData*> records = theKernelData->getObjectsOfType(theObjectType);
+    for (auto it = theCvObjects.cbegin(); it != theCvObjects.cend(); ++it) {
+        const LmKernelObjectData* record = records.value(it.key());
+        if (!record || (!record->theAnimated && !aAll))
+            continue;
+        const LmParamKeyframeVector values = record->getKeyframesAt(aFrame);
+        applyGeometry(it.value(), values, aOrigin);
+        // The default keyframes are no frame of their own: there the labels stay as they are.
+        if (aFrame == Int64(theKernelData->theCurrentFrame))
+            updateDisplayValue(it.value(), sharedValue(values, kShownValue).toString(), true, false);
+    }
+    theCvEditor->canvas()->update();
+}
+
+void LmCvObjectTool::slotCurrentResChangedByCameraInKernel(QSize aOldSize, QSize aNewSize)
+{
+    if (aOldSize.width() <= 0)
+        return;
+    // Only the default keyframes are rescaled: the keyframes of an animated object keep their old scale.
+    const double ratio = double(aNewSize.width()) / aOldSize.width();
+    const QMap<int, LmKernelObjectData*> records = theKernelData->getObjectsOfType(theObjectType);
+    for (auto it = theCvObjects.cbegin(); it != theCvObjects.cend(); ++it) {
+        LmKernelObjectData* record = records.value(it.key());
+        if (!record)
+            continue;
+        LmParamKeyframeVector values = record->getDefaultKeyframes();
+        for (int param = kFirstOwnParam; param < values.size(); ++param) {
+            const QVariant value = scaled(values[param].getValue(), ratio);
+            if (value.isValid())
+                values.setValue(param, value);
+        }
+        record->update(values);
+    }
+    recreateCanvasObjects(theKernelData->origin(), kDefaultFrame, true);
+}
+
+void LmCvObjectTool::constructDataObject(const QDomElement& aElement, QProgressDialog* aProgress)
+{
+    const LmKernelObjectDataDescr* descr = descriptor();
+    if (!descr)
+        return;
+    int savedIdx = 0;
+    LmKernelObjectData* record = descr->createObjectDataFromXML(aElement, savedIdx, aProgress);
+    if (!record)
+        return;
+    // The saved number isn't used, so that a loaded object never collides with one on the canvas.
+    const int index = nextObjectIdx();
+    const LmParamKeyframeVector values = record->getDefaultKeyframes();
+    LmCvObject* item = itemFromRecord(index, values);
+    item->setVisible(sharedValue(values, kVisible).toBool());
+    theCvObjects.insert(index, item);
+    pushOwn(new CmdCreateObject(theObjectType, index, record));
+    updateDisplayValue(item, descr->getValue(values, QStringLiteral("dispv")).toString(), true, false);
+    theCvEditor->canvas()->update();
+}

@@ -1,0 +1,87 @@
+#ifndef LMCVOBJECTTOOL_H
+#define LMCVOBJECTTOOL_H
+
+#include "LmCvManipulator.h"
+#include "ParamDescr.h"
+
+#include <QPair>
+
+class LmKernelObjectDataDescr;
+
+/// The life of one measured object between mouse, kernel and canvas, the same for all tools that draw
+/// objects: how it starts, reaches the kernel, comes back after undo, follows frames and resolution, and is
+/// loaded. A tool adds its geometry, its texts, its values and its gestures.
+///
+/// Every record begins with "vis", "col" and "dispv"; the geometry follows. Points of a record are image
+/// coordinates, points of an item canvas coordinates; the origin of the region of interest lies between them.
+class LmCvObjectTool : public LmCvManipulator
+{
+    Q_OBJECT
+
+public:
+    enum CommonParam { kVisible = 0, kColor = 1, kShownValue = 2, kFirstOwnParam = 3 };
+
+    ~LmCvObjectTool() override;
+
+    void initManipulator(QToolBar* aToolBar) override;
+    int getCvObjectFlags(LmCvObject* aObject) override;
+    QIcon& getIconSet(const QString& aType) override;
+    void setCvEditor(LmCvEditor* aEditor) override;
+    void recreateCanvasObjects(QPoint aOrigin, long long aFrame, bool aAll) override;
+    void constructDataObject(const QDomElement& aElement, QProgressDialog* aProgress) override;
+    const QCursor& getCursor() const override;
+
+    QCursor theToolCursor;
+    QPoint thePressPoint; // canvas, where the drawing began
+    QIcon theToolIcon;
+
+public Q_SLOTS:
+    virtual void slotCanvasObjectChanged(LmCvObject* aObject);
+    virtual void slotCurrentResChangedByCameraInKernel(QSize aOldSize, QSize aNewSize);
+    virtual void slotObjectCreatedInKernel(int aType, int aIdx, const LmKernelObjectData* aData);
+    virtual void slotObjectChangedInKernel(int aType, int aIdx, const LmKernelObjectData* aData);
+    virtual void slotFrameReadyStopInKernel(Int64 aFrame);
+
+protected:
+    struct Texts
+    {
+        QString theToolTip;
+        QString theHelp;
+        QString theIconFile;
+        QStringList theValueNames;
+    };
+    using NamedValues = QList<QPair<QString, QVariant>>;
+
+    LmCvObjectTool(int aObjectType, QObject* aParent);
+    LmCvObjectTool(int aObjectType, QToolBar* aToolBar, QObject* aParent);
+    void loadCursor(const QString& aFile, const QPoint& aHotSpot);
+
+    // What differs between the tools.
+    virtual Texts texts() const = 0;
+    /// The parameters behind the three common ones.
+    virtual QList<ParamDescr> geometryParams() const = 0;
+    virtual LmCvObject* newItem(const QString& aLabel) = 0;
+    /// The item's geometry as a record holds it, in the order in which it is written.
+    virtual NamedValues geometryOf(const LmCvObject* aItem, const QPoint& aOrigin) const = 0;
+    virtual void applyGeometry(LmCvObject* aItem, const LmParamKeyframeVector& aValues,
+                               const QPoint& aOrigin) const = 0;
+
+    // Steps of drawing a new object.
+    /// Gives a new item its colour and calibration, makes it current and shows it.
+    void presentNewItem(LmCvObject* aItem);
+    /// Takes a drawn item into theCvObjects under the next index and pushes the creation of its record.
+    void storeNewItem(LmCvObject* aItem, const QString& aShownValue);
+
+    LmKernelObjectData* recordOf(int aIdx) const;
+    QVariant sharedValue(const LmParamKeyframeVector& aValues, CommonParam aParam) const;
+    /// Values and units for "nothing asked": one invalid value with an empty unit.
+    static bool isNothingAsked(const QStringList& aNames);
+
+private:
+    LmKernelObjectDataDescr* createDescriptor() const;
+    bool registerWithKernel();
+    LmCvObject* itemFromRecord(int aIdx, const LmParamKeyframeVector& aValues);
+    LmKernelObjectDataDescr* descriptor() const;
+};
+
+#endif
