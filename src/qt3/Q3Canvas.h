@@ -5,18 +5,18 @@
 
 #include <QColor>
 #include <QObject>
-#include <QRegion>
 #include <QSize>
 
 #include <vector>
 
+class QRegion;
 class Q3CanvasView;
 
-/// The plane on which items stand. It owns its items, keeps their drawing order and their areas, and tells its views
-/// at `update()` which parts to paint again.
+/// The plane on which items stand. It owns its items, keeps their drawing order and their areas, and tells
+/// its views at `update()` which parts to paint again.
 ///
-/// The areas lie in one array in drawing order: a scan of 50,000 of them takes less time than painting one label,
-/// and an item that moves costs one write.
+/// The areas lie in one array in drawing order: a scan of 50,000 of them takes less time than painting one
+/// label, and an item that moves costs one write.
 class Q3Canvas : public QObject
 {
     Q_OBJECT
@@ -47,12 +47,14 @@ public:
     /// Moves the animated items one step: stage 0 for all, then stage 1 for all, then `update()`.
     virtual void advance();
 
-    /// Paints background and items of an area. The painter maps canvas coordinates to the device already.
+    /// Paints background and items of an area. The painter maps canvas coordinates to the device already and
+    /// clips: the background fills the region's bounding rectangle, and items are drawn whole.
     void drawArea(const QRegion& aCanvasRegion, QPainter& aPainter);
 
 Q_SIGNALS:
     void resized();
-    /// The item is about to leave the canvas; pointers to it have to go now. Its subclass parts may be gone already.
+    /// The item is about to leave the canvas; pointers to it have to go now. Its subclass parts may be gone
+    /// already.
     void itemRemoved(Q3CanvasItem* aItem);
 
 protected:
@@ -66,7 +68,7 @@ private:
 
     struct Slot
     {
-        QRect theArea;       // where the item was last drawn; null while hidden
+        QRect theArea;         // where the item was last drawn; null while hidden
         Q3CanvasItem* theItem; // null when the item has gone
     };
 
@@ -74,8 +76,10 @@ private:
     void removeItem(Q3CanvasItem* aItem);
     void setArea(Q3CanvasItem* aItem, const QRect& aArea);
     void markSlot(const Q3CanvasItem* aItem);
-    void orderChanged() { theOrderDirty = true; }
+    void zChanged(const Q3CanvasItem* aItem);
+    Slot& slotOf(const Q3CanvasItem* aItem);
     void tidySlots() const;
+    bool hasManyGaps() const { return std::size_t(theGoneCount) * 2 > theSlots.size(); }
     void addView(Q3CanvasView* aView);
     void removeView(Q3CanvasView* aView);
 
@@ -84,7 +88,8 @@ private:
     mutable std::vector<Slot> theSlots; // by z, then creation
     mutable bool theOrderDirty = false;
     mutable int theGoneCount = 0;
-    QRegion theChanged; // canvas coordinates
+    quint64 theNextSerial = 1;
+    QList<QRect> theChanged; // canvas coordinates, never more than a bounded number
     bool theAllChanged = false;
     QList<Q3CanvasView*> theViews; // not owned
 };

@@ -14,8 +14,8 @@ class Q3CanvasItem;
 
 using Q3CanvasItemList = QList<Q3CanvasItem*>;
 
-/// Something that stands on a canvas. A new item is hidden. The canvas owns its items and deletes those that are
-/// left when it goes; deleting an item takes it off its canvas.
+/// Something that stands on a canvas. A new item is hidden. The canvas owns its items and deletes those that
+/// are left when it goes; deleting an item takes it off its canvas.
 ///
 /// The virtual operations stand in the order in which subclasses of the tools replace them.
 class Q3CanvasItem
@@ -73,8 +73,11 @@ protected:
 private:
     friend class Q3Canvas;
 
-    Q3Canvas* theCanvas; // not owned; owns this item
-    int theSlot = -1;    // place in the canvas's drawing order, kept by the canvas
+    void setFlag(bool& aFlag, bool aOn);
+
+    Q3Canvas* theCanvas;   // not owned; owns this item
+    int theSlot = -1;      // place in the canvas's drawing order, kept by the canvas
+    quint64 theSerial = 0; // order of arrival on the canvas, kept by the canvas
     double theX = 0.0;
     double theY = 0.0;
     double theZ = 0.0;

@@ -2,6 +2,7 @@
 #define Q3CANVASVIEW_H
 
 #include <QAbstractScrollArea>
+#include <QList>
 #include <QTransform>
 
 class Q3Canvas;
@@ -21,7 +22,8 @@ public:
 
     const QTransform& worldMatrix() const { return theWorldMatrix; }
     const QTransform& inverseWorldMatrix() const { return theInverseMatrix; }
-    /// False, without effect, for a matrix that can't be inverted.
+    /// False, without effect, for a matrix that can't be inverted. What stands in the upper left corner of
+    /// the viewport stays there as far as the scroll range allows.
     virtual bool setWorldMatrix(const QTransform& aMatrix);
     /// Sets a plain zoom and scrolls so that the canvas point under the viewport position stays there.
     void zoomAbout(double aZoom, const QPointF& aViewportPos);
@@ -34,6 +36,8 @@ public:
     QRect visibleCanvasRect() const;
     /// Scrolls as little as possible to bring the point into view, with a margin of 20 pixels.
     void ensureVisible(const QPoint& aCanvasPoint);
+    /// Moves the viewport over the canvas: positive values show what lies further to the right and further
+    /// down.
     void scrollBy(const QPoint& aViewportDelta);
 
 Q_SIGNALS:
@@ -45,22 +49,32 @@ protected:
     void scrollContentsBy(int aDx, int aDy) override;
     /// Painted on top of all items, in viewport coordinates.
     virtual void drawForeground(QPainter& aPainter);
+    /// Whether `drawForeground` shows anything now. It doesn't scroll with the canvas, so all is painted
+    /// again then.
+    virtual bool hasForeground() const { return false; }
 
 private:
     friend class Q3Canvas;
 
-    void repaintCanvas(const QRegion& aCanvasRegion);
+    void repaintCanvas(const QList<QRect>& aCanvasRects);
     void repaintAll();
     void canvasResized();
     void canvasGone();
+    void paintSurroundings(QPainter& aPainter, const QRegion& aExposed) const;
+    /// The canvas in viewport pixels before scrolling and centring.
+    QRectF mappedCanvas() const;
     QPoint offset() const;
     void updateScrollBars();
-    /// Half the widest pen in canvas pixels at the present zoom, and a pixel for rounding.
-    int dirtyMargin() const;
+    void setScrollRanges(const QSize& aRoom, bool aWider, bool aHigher);
+    /// Scrolls so that the canvas point stands at the viewport position, as far as possible.
+    void anchor(const QPointF& aCanvasPoint, const QPointF& aViewportPos);
 
     Q3Canvas* theCanvas = nullptr; // not owned
     QTransform theWorldMatrix;
     QTransform theInverseMatrix;
+    QPointF theZoomAnchor;            // viewport position that a change of the matrix leaves in place
+    bool theLayoutRunning = false;    // scroll bars follow the canvas; all is painted afterwards
+    qsizetype theRepaintsWaiting = 0; // rectangles asked for since the last paint event
 };
 
 #endif
