@@ -20,16 +20,18 @@ public:
     double calculateArea() const;
     /// The summed edge lengths in pixels, with the edge from the last point to the first if closed.
     double calculatePerimeter(bool aClosed) const;
-    /// The centre of gravity of the enclosed area, or of the points where that area is 0; rounded to whole pixels
-    /// (halves away from zero). The same points give the same result wherever they lie. (0, 0) without points.
+    /// The centre of gravity of the enclosed area, or of the points where that area is 0 or a crossed
+    /// outline's parts cancel out so far that the centre would lie outside the bounding rectangle. Rounded to
+    /// whole pixels as seen from the first point (halves away from it), so that it moves along when all
+    /// points are moved. (0, 0) without points.
     QPoint calculateCoG() const;
     /// The smallest rectangle of pixels that holds all points; null without points.
     QRect calculateBoundingRect() const;
 
     int theOffsetX = 0; // place of the image area in which the outline was found
     int theOffsetY = 0;
-    QPoint theCoG;      // relative to the offset, set by whoever finds the outline
-    int theCount = 0;   // number of points
+    QPoint theCoG;    // relative to the offset, set by whoever finds the outline
+    int theCount = 0; // number of points
 
 private:
     QList<QPoint> thePoints;

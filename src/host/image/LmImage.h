@@ -6,14 +6,15 @@
 
 #include <memory>
 
-/// A picture of 8 bits per channel, channels interleaved in the order red, green, blue, alpha, rows from the top.
+/// A picture of 8 bits per channel, channels interleaved in the order red, green, blue, alpha, rows from the
+/// top.
 ///
 /// The region of interest is a rectangle in image coordinates; it is the whole picture at first.
 class LmImage
 {
 public:
-    /// 1, 3 or 4 channels; every row begins at a multiple of aAlign bytes (0 counts as 1). Null data makes the image
-    /// allocate its own zeroed rows; otherwise aData stays the caller's and must outlive the image.
+    /// 1, 3 or 4 channels; every row begins at a multiple of aAlign bytes (0 counts as 1). Null data makes
+    /// the image allocate its own zeroed rows; otherwise aData stays the caller's and must outlive the image.
     /// Wrong sizes or channel counts give an image of size 0.
     LmImage(int aWidth, int aHeight, int aChannels, unsigned char* aData, unsigned int aAlign);
     LmImage(const LmImage&) = delete;
@@ -34,7 +35,8 @@ public:
     QRect qRoi() const { return QRect(theRoiX, theRoiY, theRoiWidth, theRoiHeight); }
 
     /// The pixel at image coordinates. A gray image gives its value three times; outside the image all are 0.
-    /// The last argument is the channel that a one-channel reader wants and has no effect on three-channel reads.
+    /// The last argument is the channel that a one-channel reader wants and has no effect on three-channel
+    /// reads.
     void getDataAt(int aX, int aY, unsigned char& aRed, unsigned char& aGreen, unsigned char& aBlue,
                    unsigned int aChannel) const;
 

@@ -11,7 +11,8 @@
 class CmdCalibrate : public QUndoCommand
 {
 public:
-    /// No data takes the calibration aName away. aCurrent is the name that is current afterwards, empty for none.
+    /// No data takes the calibration aName away. aCurrent is the name that is current afterwards, empty for
+    /// none.
     CmdCalibrate(const QString& aName, const std::optional<LmCalibData>& aData, const QString& aCurrent);
 
     void redo() override { exchange(); }
@@ -19,6 +20,7 @@ public:
 
 private:
     void exchange();
+    std::optional<LmCalibData> storedData() const;
 
     QString theName;
     std::optional<LmCalibData> theData; // what the next exchange sets

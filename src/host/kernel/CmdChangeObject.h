@@ -8,8 +8,9 @@
 
 #include <vector>
 
-/// Writes the valid values of a keyframe vector into a record at the vector's frame. Undo brings back what stood there,
-/// also that no keyframe stood there. Parameters of one value for the whole object are written as defaults.
+/// Writes the valid values of a keyframe vector into a record at the vector's frame. Undo brings back what
+/// stood there, also that no keyframe stood there. Parameters of one value for the whole object are written
+/// as defaults.
 class CmdChangeObject : public QUndoCommand
 {
 public:
@@ -19,6 +20,8 @@ public:
 
     void redo() override;
     void undo() override;
+    /// Bytes of point lists and byte arrays that the command keeps.
+    qsizetype storedSize() const;
 
 private:
     struct Change

@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QUndoCommand>
+#include <QVariant>
 
 /// Changes the colour of an object.
 class CmdChangeObjectColor : public QUndoCommand
@@ -18,7 +19,7 @@ private:
 
     int theType;
     int theIdx;
-    QColor theColor; // the colour that the next exchange sets
+    QVariant theColor; // the colour that the next exchange sets; invalid for a record without one
 };
 
 #endif

@@ -7,7 +7,8 @@
 
 class LmKernelObjectData;
 
-/// Removes a record from the kernel and keeps it while it is out. An unknown object makes the command obsolete.
+/// Removes a record from the kernel and keeps it while it is out. An unknown object makes the command
+/// obsolete.
 class CmdRemoveObject : public QUndoCommand
 {
 public:

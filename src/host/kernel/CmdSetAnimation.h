@@ -6,7 +6,11 @@
 #include <QLinkedList>
 #include <QUndoCommand>
 
-/// Replaces the keyframes of one parameter.
+class LmKernelObjectData;
+
+/// Replaces the keyframes of one parameter. Keyframes without a value are left out, and of several at one
+/// frame the last counts. A parameter of another type, or of one value for the whole object, makes the
+/// command obsolete.
 class CmdSetAnimation : public QUndoCommand
 {
 public:
@@ -16,6 +20,7 @@ public:
     void undo() override { exchange(); }
 
 private:
+    bool isPossible(const LmKernelObjectData* aData) const;
     void exchange();
 
     int theType;

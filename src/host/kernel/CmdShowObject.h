@@ -2,6 +2,7 @@
 #define CMDSHOWOBJECT_H
 
 #include <QUndoCommand>
+#include <QVariant>
 
 /// Shows or hides an object.
 class CmdShowObject : public QUndoCommand
@@ -17,7 +18,7 @@ private:
 
     int theType;
     int theIdx;
-    bool theShown; // the state that the next exchange sets
+    QVariant theShown; // the state that the next exchange sets; invalid for a record without one
 };
 
 #endif

@@ -15,8 +15,11 @@ class LmImage;
 class LmKernelObjectData;
 class LmKernelObjectDataDescr;
 
-/// The store of everything measured, the one place in which records, calibrations and the current frame stand, and
-/// the object that emits their signals. Records change through commands only; a resolution change is the exception.
+Q_MOC_INCLUDE("LmKernelObjectData.h")
+
+/// The store of everything measured, the one place in which records, calibrations and the current frame
+/// stand, and the object that emits their signals. Records change through commands only; a resolution change
+/// is the exception.
 class LmKSKernelData : public QObject
 {
     Q_OBJECT
@@ -39,7 +42,8 @@ public:
     const QMap<int, LmKernelObjectData*>& getObjectsOfType(int aType) const;
     /// Takes the record and emits signalObjectCreated; false, without effect, if the place is taken.
     bool insertObject(int aType, int aIdx, LmKernelObjectData* aData);
-    /// Emits signalObjectBeforeRemove, hands the record to the caller and emits signalObjectRemoved; null if none.
+    /// Emits signalObjectBeforeRemove, hands the record to the caller and emits signalObjectRemoved; null if
+    /// none.
     LmKernelObjectData* takeObject(int aType, int aIdx);
     void announceObjectChanged(int aType, int aIdx);
     void announceObjectColor(int aType, int aIdx, const QColor& aColor);
@@ -57,7 +61,8 @@ public:
     void removeCalibration(const QString& aName);
     /// Makes a known calibration (or none, by an empty name) current and emits signalCalibrationCurrent.
     void setCurrentCalibration(const QString& aName);
-    /// Pixels per unit of the current calibration, its unit in aUnit; 0 when not calibrated or without an image.
+    /// Pixels per unit of the current calibration, its unit in aUnit; 0 when not calibrated or without an
+    /// image.
     double currentStep(QString& aUnit) const;
 
     // Image and frames.
@@ -100,8 +105,8 @@ Q_SIGNALS:
 private:
     LmKSKernelData();
 
-    QMap<int, LmCvManipulator*> theTools; // by object type; not owned
-    QList<LmCvManipulator*> theToolList;  // in order of registration
+    QMap<int, LmCvManipulator*> theTools;               // by object type; not owned
+    QList<LmCvManipulator*> theToolList;                // in order of registration
     QMap<int, LmKernelObjectDataDescr*> theDescriptors; // owned
     QMap<QString, LmCalibData> theCalibrations;
     QString theCurrentCalibration;

@@ -33,12 +33,15 @@ public:
 
     /// An unknown name gives an invalid value.
     const QVariant& getValue(const LmParamKeyframeVector& aVector, const QString& aName) const;
-    /// False, without effect, for an unknown name or a value of another type than the parameter's. Every polygon
-    /// type counts as QPolygon and is stored as such.
+    /// False, without effect, for an unknown name or a value of another type than the parameter's. Every
+    /// polygon type counts as QPolygon and is stored as such.
     bool setValue(LmParamKeyframeVector& aVector, const QString& aName, const QVariant& aValue) const;
 
-    /// A new record, which the caller owns, read from an element that appendToXML wrote; null when anything in it is
-    /// wrong, and xmlError() then tells what and where. The progress dialog may be null.
+    /// Whether the value is of the parameter's very type. Point lists must be real QPolygons here.
+    bool accepts(int aParam, const QVariant& aValue) const;
+
+    /// A new record, which the caller owns, read from an element that appendToXML wrote; null when anything
+    /// in it is wrong, and xmlError() then tells what and where. The progress dialog may be null.
     LmKernelObjectData* createObjectDataFromXML(const QDomElement& aElement, int& aIdx,
                                                 QProgressDialog* aProgress) const;
     /// The element of a record, for the caller to append to its document.

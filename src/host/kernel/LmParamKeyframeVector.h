@@ -5,8 +5,8 @@
 
 #include <QList>
 
-/// The values of all parameters of one object at one frame, in the order of its descriptor. A new vector belongs to
-/// the default keyframes, frame -1.
+/// The values of all parameters of one object at one frame, in the order of its descriptor. A new vector
+/// belongs to the default keyframes, frame -1.
 class LmParamKeyframeVector
 {
 public:
