@@ -10,12 +10,12 @@ int clamped(qint64 aValue, qint64 aLow, qint64 aHigh)
     return int(std::clamp(aValue, aLow, aHigh));
 }
 
-int saturated(qint64 aValue)
+} // namespace
+
+int PointMath::saturated(qint64 aValue)
 {
     return clamped(aValue, std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
 }
-
-} // namespace
 
 QPoint PointMath::sum(const QPoint& aPoint, const QPoint& aVector)
 {

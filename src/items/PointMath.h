@@ -7,6 +7,8 @@
 /// Integer points without overflow: sums beyond the int range stay at its end.
 namespace PointMath {
 
+int saturated(qint64 aValue);
+
 QPoint sum(const QPoint& aPoint, const QPoint& aVector);
 QPoint difference(const QPoint& aTo, const QPoint& aFrom);
 

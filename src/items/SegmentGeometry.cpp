@@ -63,20 +63,17 @@ QPoint SegmentGeometry::snapped(const QPoint& aAnchor, const QPoint& aPoint)
     constexpr double kDegreesPerRadian = 57.295779513260925;
     constexpr double kAxisHalfWidth = 18.0; // degrees; an even division would be 22.5
 
-    const QPoint way = PointMath::difference(aPoint, aAnchor);
-    const int dx = way.x();
-    const int dy = way.y();
-    const double angle = std::asin(dy / std::sqrt(double(dx) * dx + double(dy) * dy)) *
-                         kDegreesPerRadian; // not a number on the anchor
+    const qint64 dx = qint64(aPoint.x()) - aAnchor.x();
+    const qint64 dy = qint64(aPoint.y()) - aAnchor.y();
+    const double angle =
+        std::asin(double(dy) / std::sqrt(double(dx) * double(dx) + double(dy) * double(dy))) *
+        kDegreesPerRadian; // not a number on the anchor
 
-    const auto withX = [&](int aDx) {
-        return QPoint(PointMath::sum(aAnchor, QPoint(aDx, 0)).x(), aPoint.y());
+    const auto withX = [&](qint64 aDx) {
+        return QPoint(PointMath::saturated(aAnchor.x() + aDx), aPoint.y());
     };
-    const auto withY = [&](int aDy) {
-        return QPoint(aPoint.x(), PointMath::sum(aAnchor, QPoint(0, aDy)).y());
-    };
-    const auto opposite = [](int aValue) {
-        return PointMath::difference(QPoint(0, 0), QPoint(aValue, 0)).x();
+    const auto withY = [&](qint64 aDy) {
+        return QPoint(aPoint.x(), PointMath::saturated(aAnchor.y() + aDy));
     };
 
     if (angle > 90.0 - kAxisHalfWidth || angle < kAxisHalfWidth - 90.0)
@@ -84,12 +81,12 @@ QPoint SegmentGeometry::snapped(const QPoint& aAnchor, const QPoint& aPoint)
     if (-kAxisHalfWidth < angle && angle < kAxisHalfWidth)
         return withY(0);
     if (angle >= 45.0)
-        return withX(dx > 0 ? dy : opposite(dy));
+        return withX(dx > 0 ? dy : -dy);
     if (angle <= -45.0)
-        return withX(dx > 0 ? opposite(dy) : dy);
+        return withX(dx > 0 ? -dy : dy);
     if ((angle > 0.0 && dx > 0) || (angle <= 0.0 && dx <= 0))
         return withY(dx);
-    return withY(opposite(dx));
+    return withY(-dx);
 }
 
 HitSquare::HitSquare(const QPoint& aCentre, int aTol)

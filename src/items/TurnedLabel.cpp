@@ -1,6 +1,7 @@
 #include "TurnedLabel.h"
 
 #include "PointMath.h"
+#include "TurnedGlyphs.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -58,8 +59,10 @@ void TurnedLabel::draw(QPainter& aPainter, const QPoint& aPivot, double aDegrees
     aPainter.setPen(theOutlinePen);
     aPainter.setBrush(theFill);
     aPainter.drawRects(&theBox, 1);
-    aPainter.setFont(theFont);
-    aPainter.setPen(theTextPen);
-    aPainter.drawText(theBox, Qt::AlignCenter, theText);
+    if (!TurnedGlyphs::getInstance().drawCentred(aPainter, theBox, theText, theFont, theTextPen.color())) {
+        aPainter.setFont(theFont);
+        aPainter.setPen(theTextPen);
+        aPainter.drawText(theBox, Qt::AlignCenter, theText);
+    }
     aPainter.restore();
 }
