@@ -29,6 +29,9 @@ struct TurnedLabel
     QPen theOutlinePen;
     QBrush theFill;
     QPen theTextPen;
+
+private:
+    void drawBox(QPainter& aPainter) const;
 };
 
 #endif

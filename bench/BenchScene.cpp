@@ -1,0 +1,138 @@
+#include "BenchScene.h"
+
+#include "CmdCalibrate.h"
+#include "CmdCreateObject.h"
+#include "Document.h"
+#include "LmAppSettings.h"
+#include "LmCvEditor.h"
+#include "LmCvManipulator.h"
+#include "LmCvObject.h"
+#include "LmKSKernelData.h"
+#include "LmKernelObjectData.h"
+#include "LmKernelObjectDataDescr.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QImage>
+#include <QPolygon>
+
+namespace {
+
+constexpr QSize kPicture(4096, 3072);
+constexpr QSize kViewport(1280, 960);
+constexpr int kReach = 120; // pixels from a line's middle to its end, at most
+
+QString madePicture(const QString& aPath)
+{
+    QImage picture(kPicture, QImage::Format_Grayscale8);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            picture.scanLine(y)[x] = uchar((x ^ y) & 255);
+    picture.save(aPath, "PNG", 100);
+    return aPath;
+}
+
+[[noreturn]] void fail(const QString& aError)
+{
+    qFatal("benchmark: %s", qPrintable(aError));
+}
+
+} // namespace
+
+BenchScene::BenchScene(int aCount, bool aAnimated)
+{
+    QString error;
+    if (!theWorkbench.loadTools(nullptr, error))
+        fail(error);
+    LmCvEditor& editor = theWorkbench.editor();
+    editor.resize(kViewport);
+    editor.show();
+    if (!theWorkbench.document().openPicture(madePicture(pathOf(QStringLiteral("picture.png"))), error))
+        fail(error);
+    LmKSKernelData::getInstance()->theFrameCount = kFrames;
+    theWorkbench.undoStack().push(new CmdCalibrate(
+        QStringLiteral("bench"), LmCalibData{100.0, QStringLiteral("mm")}, QStringLiteral("bench")));
+    editor.zoomToFit();
+    LmCvManipulator::theLastUsedValueName = QStringLiteral("Distance");
+    create(aCount, aAnimated);
+    showAllLabels();
+    QApplication::processEvents();
+}
+
+BenchScene::~BenchScene() = default;
+
+QPoint BenchScene::randomPoint(int aWidth, int aHeight)
+{
+    const auto next = [this](int aRange) {
+        theSeed = theSeed * 1664525u + 1013904223u;
+        return int((quint64(theSeed) * quint64(aRange)) >> 32);
+    };
+    const int x = next(aWidth);
+    return QPoint(x, next(aHeight));
+}
+
+LmKernelObjectData* BenchScene::newRecord(bool aAnimated)
+{
+    const LmKernelObjectDataDescr* descr = LmKSKernelData::getInstance()->getDataDescriptor(kDistance);
+    const QPoint middle = randomPoint(kPicture.width(), kPicture.height());
+    const QPoint toEnd = randomPoint(2 * kReach, 2 * kReach) - QPoint(kReach, kReach);
+    LmParamKeyframeVector values = descr->createKeyframeVector();
+    descr->setValue(values, QStringLiteral("vis"), true);
+    descr->setValue(values, QStringLiteral("col"), QColor(Qt::darkBlue));
+    descr->setValue(values, QStringLiteral("dispv"), LmCvManipulator::theLastUsedValueName);
+    descr->setValue(values, QStringLiteral("pos"), middle);
+    descr->setValue(values, QStringLiteral("ep"), toEnd);
+    auto* record = new LmKernelObjectData(values, descr->getKeyframeTypes(), 0);
+    record->theAnimated = aAnimated;
+    for (int frame = 0; aAnimated && frame < kFrames; frame += kFrames / 4)
+        record->storeValue(3, frame, middle + QPoint(frame, 0));
+    return record;
+}
+
+void BenchScene::create(int aCount, bool aAnimated)
+{
+    QUndoStack& stack = theWorkbench.undoStack();
+    stack.beginMacro(QStringLiteral("create"));
+    for (int i = 0; i < aCount; ++i)
+        stack.push(new CmdCreateObject(kDistance, theNextIdx++, newRecord(aAnimated)));
+    stack.endMacro();
+}
+
+void BenchScene::showAllLabels()
+{
+    LmCvManipulator* tool = LmKSKernelData::getInstance()->getCvManipulator(kDistance);
+    for (LmCvObject* item : qAsConst(tool->theCvObjects))
+        tool->updateDisplayValue(item, LmCvManipulator::theLastUsedValueName, true, false);
+    theWorkbench.editor().canvas()->update();
+}
+
+void BenchScene::paintPending()
+{
+    // The offscreen platform paints when the posted update request is delivered.
+    QApplication::sendPostedEvents();
+    QApplication::processEvents();
+}
+
+LmCvObject* BenchScene::item(int aIdx)
+{
+    return LmKSKernelData::getInstance()->getCvManipulator(kDistance)->getCvObject(aIdx);
+}
+
+void benchSizes(benchmark::internal::Benchmark* aBenchmark)
+{
+    aBenchmark->Arg(100)->Arg(1000)->Arg(10000)->Arg(50000)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+int runBenchmarks(int aCount, char* aArguments[])
+{
+    QFont::insertSubstitution(QStringLiteral("Lucida Grande"), QStringLiteral("DejaVu Sans"));
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(aCount, aArguments);
+    benchmark::Initialize(&aCount, aArguments);
+    if (benchmark::ReportUnrecognizedArguments(aCount, aArguments))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
