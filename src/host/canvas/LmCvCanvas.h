@@ -8,10 +8,11 @@
 
 class LmImage;
 
-/// The canvas under the tools: its background is the region of interest of the current image. Canvas coordinates are
-/// pixels of that region.
+/// The canvas under the tools: its background is the region of interest of the current image. Canvas
+/// coordinates are pixels of that region.
 ///
-/// Below zoom 1 the picture is painted from a chain of halved copies, smoothed; above it every pixel is a sharp square.
+/// Below zoom 1 the picture is painted from a chain of halved copies, smoothed; above it every pixel is a
+/// sharp square.
 class LmCvCanvas : public Q3Canvas
 {
     Q_OBJECT

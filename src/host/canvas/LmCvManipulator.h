@@ -30,16 +30,19 @@ class QMouseEvent;
 class QProgressDialog;
 class QToolBar;
 class QToolButton;
+class QUndoCommand;
 class QUndoStack;
 
-/// Base class of every tool. A tool keeps the canvas items of one object type in step with the kernel's records.
+/// Base class of every tool. A tool keeps the canvas items of one object type in step with the kernel's
+/// records.
 ///
-/// Stages: after the constructor a tool has its object type and cursors and touches neither kernel nor tool bar;
-/// after `initManipulator` it is registered, connected and has its button; after `signalManipulatorsLoaded` it may ask
-/// the kernel for the other tools. `setUndoStack` and `setCvEditor` may come before or after `initManipulator`.
+/// Stages: after the constructor a tool has its object type and cursors and touches neither kernel nor tool
+/// bar; after `initManipulator` it is registered, connected and has its button; after
+/// `signalManipulatorsLoaded` it may ask the kernel for the other tools. `setUndoStack` and `setCvEditor` may
+/// come before or after `initManipulator`.
 ///
-/// A tool sets `theSelfChange` around every push. The kernel's signals come back within the push, and the tool's slots
-/// then return at once, since the canvas already shows the change.
+/// A tool sets `theSelfChange` around every push. The kernel's signals come back within the push, and the
+/// tool's slots then return at once, since the canvas already shows the change.
 class LmCvManipulator : public QObject
 {
     Q_OBJECT
@@ -53,8 +56,9 @@ public:
     virtual void initManipulator(QToolBar* aToolBar);
     virtual void setUndoStack(QUndoStack* aStack);
     virtual int getSwitchModifier();
-    /// What may be done to an object, or with null what the tool can do: 1 properties, 4 colour, 8 hide and show,
-    /// 16 delete, 32 custom actions, 128 values that follow the frames, 256 automatic creation, 512 measured objects.
+    /// What may be done to an object, or with null what the tool can do: 1 properties, 4 colour, 8 hide and
+    /// show, 16 delete, 32 custom actions, 128 values that follow the frames, 256 automatic creation, 512
+    /// measured objects.
     virtual int getCvObjectFlags(LmCvObject* aObject);
     virtual QLinkedList<QPair<QString, int>> getCustomActions();
     virtual QStringList getAnimatedValueNames();
@@ -64,7 +68,8 @@ public:
     /// One value from the item's live geometry; invalid for a foreign item or name.
     virtual QVariant getValue(const QString& aName, const LmCvObject* aObject, QString& aUnit);
     virtual QLinkedList<QVariant> getValues(const QStringList& aNames, int aIdx, QStringList& aUnits);
-    /// Values from the record at the current frame, one unit for each; both lists run parallel with the names.
+    /// Values from the record at the current frame, one unit for each; both lists run parallel with the
+    /// names.
     virtual QLinkedList<QVariant> getValues(const QStringList& aNames, const LmKernelObjectData* aData,
                                             QStringList& aUnits);
     virtual QLinkedList<LmParamKeyframe> getAnimation(const QString& aName, int aIdx, QString& aUnit);
@@ -84,7 +89,8 @@ public:
     virtual void keyReleaseEvent(QKeyEvent* aEvent);
     virtual bool drop(QDropEvent* aEvent);
     virtual void recreateCanvasObjects(QPoint aOrigin, long long aFrame, bool aAll);
-    virtual void updateDisplayValue(LmCvObject* aObject, const QString& aName, bool aFromKernel, bool aRepaint);
+    virtual void updateDisplayValue(LmCvObject* aObject, const QString& aName, bool aFromKernel,
+                                    bool aRepaint);
     virtual void removeCvObject(LmCvObject* aObject);
     virtual void setColorCvObject(LmCvObject* aObject, QColor aColor);
     virtual void showCvObject(LmCvObject* aObject, bool aShown);
@@ -92,8 +98,8 @@ public:
     virtual void changeAnimationCvObject(LmCvObject* aObject, bool aAnimated, bool, bool);
     virtual void editCvObject(LmCvObject* aObject, QPoint aPoint);
     virtual void actionOnCvObject(LmCvObject* aObject, QPoint aPoint, int aAction);
-    virtual LmParamKeyframeVector createKeyframesFromContour(LmCvObject* aObject, const LmCVSequence& aContour,
-                                                             long long aFrame);
+    virtual LmParamKeyframeVector createKeyframesFromContour(LmCvObject* aObject,
+                                                             const LmCVSequence& aContour, long long aFrame);
     virtual int createObjectFromContour(const LmCVSequence& aContour, QString aName);
     virtual void modifyObjectFromContour(const LmCVSequence& aContour, int aIdx);
     virtual void constructDataObject(const QDomElement& aElement, QProgressDialog* aProgress);
@@ -104,8 +110,8 @@ public:
     // Operations of this host beyond the contract.
     /// Whether the tool, being current, takes a press before the item under the pointer does.
     virtual bool claimsPress(QMouseEvent* aEvent, LmCvObject* aHit);
-    /// Ends a running action without leaving half an object: called for Esc and when the tool is left. True if there
-    /// was an action to end.
+    /// Ends a running action without leaving half an object: called for Esc and when the tool is left. True
+    /// if there was an action to end.
     virtual bool abortAction();
 
     /// The item's key in theCvObjects, or -1.
@@ -114,11 +120,11 @@ public:
     int nextObjectIdx() const;
 
     bool theInitDone = false;
-    QToolButton* theToolButton = nullptr; // owned by the tool bar
-    QToolBar* theToolBar = nullptr;       // not owned
-    LmCvEditor* theCvEditor = nullptr;    // not owned
-    QUndoStack* theUndoStack = nullptr;   // not owned
-    QObject* theKernel = nullptr;         // emits the kernel's signals; not owned
+    QToolButton* theToolButton = nullptr;    // owned by the tool bar
+    QToolBar* theToolBar = nullptr;          // not owned
+    LmCvEditor* theCvEditor = nullptr;       // not owned
+    QUndoStack* theUndoStack = nullptr;      // not owned
+    QObject* theKernel = nullptr;            // emits the kernel's signals; not owned
     LmKSKernelData* theKernelData = nullptr; // not owned
     QStringList theValueNames;
     QIcon theIcon;
@@ -136,7 +142,9 @@ public Q_SLOTS:
     void slotObjectShowInKernel(const int aType, const int aIdx, bool aShown);
     void slotObjectRemovedInKernel(const int aType, const int aIdx);
     void slotObjectColorChangedInKernel(const int aType, const int aIdx, const QColor& aColor);
+    /// aMode is not 0 for a view that shows the animation of all objects.
     void slotCurrentViewInKernel(const int aView, const int aMode);
+    /// Activates the tool with its button, and puts it down again.
     void slotToolToggled(bool aOn);
 
 protected:
@@ -146,11 +154,16 @@ protected:
     void prepareItem(LmCvObject* aItem);
     /// Makes the item the current and active one in place of the editor's current item.
     void makeItemCurrent(LmCvObject* aItem);
-    /// Pushes a command with theSelfChange set.
-    void pushOwn(class QUndoCommand* aCommand);
+    /// Pushes a command with theSelfChange set. Takes the command; without an undo stack it is dropped.
+    void pushOwn(QUndoCommand* aCommand);
 
 private:
     void initMembers();
+    QToolButton* makeToolButton();
+    /// Pushes a command whose signals bring the canvas to it, as those of anybody's command do.
+    void push(QUndoCommand* aCommand);
+    void updateCanvas();
+    void refreshLabel(int aIdx, LmCvObject* aItem);
 };
 
 #endif

@@ -11,11 +11,12 @@ class LmCvManipulator;
 class Q3CanvasView;
 class QMouseEvent;
 
-/// Base class of all measuring items on the canvas. It carries what all of them share: label, unit, step, pens and the
-/// three states. Selected is the state of a group, active that of the one current item, locked is kept for the host.
+/// Base class of all measuring items on the canvas. It carries what all of them share: label, unit, step,
+/// pens and the three states. Selected is the state of a group, active that of the one current item, locked
+/// is kept for the host.
 ///
-/// Mouse positions and points are canvas coordinates. An item's mouse operations may correct the position they are
-/// given; they accept an event that they used and ignore it otherwise.
+/// Mouse positions and points are canvas coordinates. An item's mouse operations may correct the position
+/// they are given; they accept an event that they used and ignore it otherwise.
 class LmCvObject : public Q3CanvasPolygonalItem
 {
 public:
@@ -37,9 +38,11 @@ public:
     virtual bool isLocked();
     virtual void setLocked(bool aOn);
     virtual QLinkedList<int> getSelectedNodes();
-    /// Takes a calibration: aStep pixels per aUnit, 0 for none. The label isn't built again; its text is the tool's.
+    /// Takes a calibration: aStep pixels per aUnit, 0 for none. The label isn't built again; its text is the
+    /// tool's.
     virtual void setStep(double aStep, const QString& aUnit);
-    /// Follows the zoom, aMatrix.m11(), so that below zoom 1 label, handles and heads keep their size on the screen.
+    /// Follows the zoom, aMatrix.m11(), so that below zoom 1 label, handles and heads keep their size on the
+    /// screen.
     virtual void adjustScale(const QMatrix& aMatrix) = 0;
     /// Whether a square of side aTol around the point touches the item; aNode is the part that is touched.
     virtual bool isPointOnObject(const QPoint& aPoint, int& aNode, int aTol) = 0;
@@ -55,7 +58,8 @@ public:
 
     /// Stores the value text and builds the label again.
     void setDisplayValue(const QString& aText);
-    /// The whole text on the label: the number between blanks and behind it, if any, the value in angle brackets.
+    /// The whole text on the label: the number between blanks and behind it, if any, the value in angle
+    /// brackets.
     QString labelText() const;
 
     QString theLabel;
@@ -76,8 +80,8 @@ protected:
     /// What follows the zoom in every item.
     struct ScaledSizes
     {
-        double theFontSize; // points
-        int theSelSize;     // canvas pixels
+        double theFontSize;    // points
+        int theSelSize;        // canvas pixels
         double theArrowLength; // canvas pixels
     };
 

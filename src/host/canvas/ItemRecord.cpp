@@ -1,0 +1,43 @@
+#include "ItemRecord.h"
+
+#include "LmCvManipulator.h"
+#include "LmCvObject.h"
+#include "LmKSKernelData.h"
+#include "LmKernelObjectData.h"
+
+namespace {
+
+constexpr int kShownValueParam = 2;
+
+} // namespace
+
+void ItemRecord::showLiveValue(LmCvObject& aItem)
+{
+    LmCvManipulator* tool = aItem.theManipulator;
+    if (!tool)
+        return;
+    const LmKSKernelData& kernel = *tool->theKernelData;
+    const LmKernelObjectData* data = kernel.getObject(tool->theObjectType, tool->getObjectIdx(&aItem));
+    if (!data || data->count() <= kShownValueParam)
+        return;
+    const QString name = data->getKeyframe(kShownValueParam, kernel.theCurrentFrame).getValue().toString();
+    QString unit;
+    if (tool->getValue(name, &aItem, unit).isValid())
+        tool->updateDisplayValue(&aItem, name, false, false);
+}
+
+void ItemRecord::restore(LmCvObject& aItem)
+{
+    LmCvManipulator* tool = aItem.theManipulator;
+    if (!tool)
+        return;
+    const LmKSKernelData& kernel = *tool->theKernelData;
+    const int idx = tool->getObjectIdx(&aItem);
+    const LmKernelObjectData* data = kernel.getObject(tool->theObjectType, idx);
+    // The tool re-reads the record as it does after an undo. A tool that keeps its items in another way than
+    // theCvObjects brings all of them back.
+    if (!data || !QMetaObject::invokeMethod(tool, "slotObjectChangedInKernel", Qt::DirectConnection,
+                                            Q_ARG(int, tool->theObjectType), Q_ARG(int, idx),
+                                            Q_ARG(const LmKernelObjectData*, data)))
+        tool->recreateCanvasObjects(kernel.origin(), kernel.theCurrentFrame, true);
+}

@@ -1,0 +1,3 @@
+#include "LmCvManipulatorPluginInterface.h"
+
+LmCvManipulatorPluginInterface::~LmCvManipulatorPluginInterface() = default;
