@@ -6,8 +6,8 @@
 /// A calibration: how wide the image is in a unit.
 struct LmCalibData
 {
-    double theValue =
-        0.0; // width of the image at a calibration scale of 1, in theUnit; 0.001 or less: not calibrated
+    /// The width of the image at a calibration scale of 1, in theUnit; 0.001 or less: not calibrated.
+    double theValue = 0.0;
     QString theUnit; // text shown behind every value
 
     bool operator==(const LmCalibData& aOther) const

@@ -40,7 +40,7 @@ public:
     /// Whether the value is of the parameter's very type. Point lists must be real QPolygons here.
     bool accepts(int aParam, const QVariant& aValue) const;
 
-    /// A new record, which the caller owns, read from an element that appendToXML wrote; null when anything
+    /// A new record, which the caller owns, read from an element that createXML made; null when anything
     /// in it is wrong, and xmlError() then tells what and where. The progress dialog may be null.
     LmKernelObjectData* createObjectDataFromXML(const QDomElement& aElement, int& aIdx,
                                                 QProgressDialog* aProgress) const;

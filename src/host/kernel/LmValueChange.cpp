@@ -28,9 +28,9 @@ QVariant withStretch(const List& aList, qsizetype aFrom, const List& aOut, const
     const qsizetype behind = std::min(from + aOut.size(), aList.size());
     List result;
     result.reserve(aList.size() - (behind - from) + aIn.size());
-    std::copy(aList.cbegin(), aList.cbegin() + from, std::back_inserter(result));
-    std::copy(aIn.cbegin(), aIn.cend(), std::back_inserter(result));
-    std::copy(aList.cbegin() + behind, aList.cend(), std::back_inserter(result));
+    result.append(aList.first(from));
+    result.append(aIn);
+    result.append(aList.sliced(behind));
     return QVariant::fromValue<List>(result);
 }
 
