@@ -49,6 +49,16 @@ int shiftInto(double aPosition, int aRoom)
     return 0;
 }
 
+int roomFor(Qt::ScrollBarPolicy aPolicy, int aThickness)
+{
+    return aPolicy == Qt::ScrollBarAsNeeded ? aThickness : 0;
+}
+
+bool showsAsNeeded(Qt::ScrollBarPolicy aPolicy, const QScrollBar& aBar, bool aNeeded)
+{
+    return aPolicy != Qt::ScrollBarAsNeeded || aNeeded == aBar.parentWidget()->isVisibleTo(aBar.window());
+}
+
 } // namespace
 
 Q3CanvasView::Q3CanvasView(Q3Canvas* aCanvas, QWidget* aParent) : QAbstractScrollArea(aParent)
@@ -252,21 +262,19 @@ QPoint Q3CanvasView::offset() const
 void Q3CanvasView::updateScrollBars()
 {
     const QScopedValueRollback<bool> running(theLayoutRunning, true);
-    const QRectF mapped = mappedCanvas();
-    const auto thickness = [](Qt::ScrollBarPolicy aPolicy, int aSize) {
-        return aPolicy == Qt::ScrollBarAsNeeded ? aSize : 0;
-    };
-    const int barHeight = thickness(horizontalScrollBarPolicy(), horizontalScrollBar()->sizeHint().height());
-    const int barWidth = thickness(verticalScrollBarPolicy(), verticalScrollBar()->sizeHint().width());
-    QSize room = maximumViewportSize();
-    bool wider = mapped.width() > room.width();
-    const bool higher = mapped.height() > room.height() - (wider ? barHeight : 0);
-    wider = wider || mapped.width() > room.width() - (higher ? barWidth : 0);
-    const bool reallyHigher = mapped.height() > room.height() - (wider ? barHeight : 0);
-    room -= QSize(reallyHigher ? barWidth : 0, wider ? barHeight : 0);
-    setScrollRanges(room, wider, reallyHigher);
-    // The bars have come or gone by now, and the viewport has its size.
-    setScrollRanges(viewport()->size(), wider, reallyHigher);
+    const QSizeF needed = mappedCanvas().size();
+    const int barHeight = roomFor(horizontalScrollBarPolicy(), horizontalScrollBar()->sizeHint().height());
+    const int barWidth = roomFor(verticalScrollBarPolicy(), verticalScrollBar()->sizeHint().width());
+    const QSize most = maximumViewportSize();
+    bool wider = needed.width() > most.width();
+    const bool higher = needed.height() > most.height() - (wider ? barHeight : 0);
+    wider = wider || needed.width() > most.width() - (higher ? barWidth : 0);
+    const bool higherThen = needed.height() > most.height() - (wider ? barHeight : 0);
+    // Bars come and go with the next event loop turn, which brings a resize; until then the room is foreseen.
+    const bool settled = showsAsNeeded(horizontalScrollBarPolicy(), *horizontalScrollBar(), wider) &&
+                         showsAsNeeded(verticalScrollBarPolicy(), *verticalScrollBar(), higherThen);
+    const QSize foreseen = most - QSize(higherThen ? barWidth : 0, wider ? barHeight : 0);
+    setScrollRanges(settled ? viewport()->size() : foreseen, wider, higherThen);
 }
 
 void Q3CanvasView::setScrollRanges(const QSize& aRoom, bool aWider, bool aHigher)
