@@ -98,6 +98,10 @@ LmCvDistance* LmCvManipDist::ownItem(const LmCvObject* aObject) const
 
 void LmCvManipDist::mousePressEvent(QMouseEvent* aEvent)
 {
+    if (!canDraw()) {
+        aEvent->ignore();
+        return;
+    }
     thePressPoint = aEvent->pos();
     theCurrent = static_cast<LmCvDistance*>(newItem(QString::number(nextObjectIdx())));
     theCurrent->setPoints(thePressPoint, thePressPoint);

@@ -145,6 +145,11 @@ void LmCvObjectTool::setCvEditor(LmCvEditor* aEditor)
                 SLOT(slotCanvasObjectChanged(LmCvObject*)));
 }
 
+bool LmCvObjectTool::canDraw() const
+{
+    return theInitDone && theCvEditor;
+}
+
 LmKernelObjectDataDescr* LmCvObjectTool::descriptor() const
 {
     return theKernelData->getDataDescriptor(theObjectType);
@@ -205,7 +210,7 @@ LmCvObject* LmCvObjectTool::itemFromRecord(int aIdx, const LmParamKeyframeVector
 
 void LmCvObjectTool::slotObjectCreatedInKernel(int aType, int aIdx, const LmKernelObjectData* aData)
 {
-    if (theSelfChange || aType != theObjectType || theCvObjects.contains(aIdx))
+    if (!theCvEditor || theSelfChange || aType != theObjectType || theCvObjects.contains(aIdx))
         return;
     // The label has only its number until the next change or frame, and the object is shown whatever "vis"
     // says.
@@ -270,7 +275,8 @@ void LmCvObjectTool::recreateCanvasObjects(QPoint aOrigin, long long aFrame, boo
         if (aFrame == Int64(theKernelData->theCurrentFrame))
             updateDisplayValue(it.value(), sharedValue(values, kShownValue).toString(), true, false);
     }
-    theCvEditor->canvas()->update();
+    if (theCvEditor)
+        theCvEditor->canvas()->update();
 }
 
 void LmCvObjectTool::slotCurrentResChangedByCameraInKernel(QSize aOldSize, QSize aNewSize)
@@ -298,7 +304,7 @@ void LmCvObjectTool::slotCurrentResChangedByCameraInKernel(QSize aOldSize, QSize
 void LmCvObjectTool::constructDataObject(const QDomElement& aElement, QProgressDialog* aProgress)
 {
     const LmKernelObjectDataDescr* descr = descriptor();
-    if (!descr)
+    if (!descr || !canDraw())
         return;
     int savedIdx = 0;
     LmKernelObjectData* record = descr->createObjectDataFromXML(aElement, savedIdx, aProgress);

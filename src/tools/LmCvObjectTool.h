@@ -67,6 +67,8 @@ protected:
                                const QPoint& aOrigin) const = 0;
 
     // Steps of drawing a new object.
+    /// Whether the kernel took the tool's type and there is a canvas; a tool without both makes no items.
+    bool canDraw() const;
     /// Gives a new item its colour and calibration, makes it current and shows it.
     void presentNewItem(LmCvObject* aItem);
     /// Takes a drawn item into theCvObjects under the next index and pushes the creation of its record.
