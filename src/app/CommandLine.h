@@ -1,17 +1,20 @@
 #ifndef COMMANDLINE_H
 #define COMMANDLINE_H
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
 /// What the program was asked to do.
 struct CommandLine
 {
-    enum Action
-    {
-        kWindow,  // open theInput, or the sample without one
-        kValues,  // print the values of theInput
-        kRender,  // write the picture of theInput to theOutput
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+
+public:
+    enum Action {
+        kWindow, // open theInput, or the sample without one
+        kValues, // print the values of theInput
+        kRender, // write the picture of theInput to theOutput
         kHelp,
         kVersion,
         kError // theText tells what is wrong
@@ -26,6 +29,8 @@ struct CommandLine
     static CommandLine parse(const QStringList& aArguments);
     bool needsWindow() const { return theAction == kWindow; }
     static QString helpText();
+    /// The program's name and version.
+    static QString versionText();
 };
 
 #endif

@@ -7,10 +7,12 @@
 class Media;
 class QUndoStack;
 class QWidget;
+struct ProjectContent;
 
 /// The work at hand: a picture with its objects and calibrations, and the project file they are kept in.
 ///
-/// Every operation either succeeds as a whole or leaves everything as it was and gives one sentence in aError.
+/// Every operation either succeeds as a whole or leaves everything as it was and gives one sentence in
+/// aError.
 class Document : public QObject
 {
     Q_OBJECT
@@ -18,12 +20,14 @@ class Document : public QObject
 public:
     Document(Media& aMedia, QUndoStack& aStack, QObject* aParent);
 
-    /// Opens a project or a picture by its ending. An open picture replaces all objects and calibrations.
+    /// Opens a project or a picture, whichever the file is. An open picture replaces all objects and
+    /// calibrations.
     bool open(const QString& aPath, QString& aError);
     bool openPicture(const QString& aPath, QString& aError);
-    /// A project whose picture is missing opens with an empty picture of its size; isPictureMissing() is then true.
+    /// A project whose picture can't be shown opens with an empty picture of its size; isPictureMissing() is
+    /// then true, and aError tells why although the project is open.
     bool openProject(const QString& aPath, QString& aError);
-    /// Puts the picture that was missing in its place; the objects stay.
+    /// Puts the picture that was missing in its place; the objects stay. One of another size is refused.
     bool locatePicture(const QString& aPath, QString& aError);
     bool save(const QString& aPath, QString& aError);
 
@@ -39,8 +43,12 @@ Q_SIGNALS:
     void changed(); // another project or picture, or another name
 
 private:
+    bool readProject(const QString& aPath, ProjectContent& aContent, QString& aError);
+    /// Takes all objects and calibrations away, after which nothing can be undone.
     void clearObjects();
-    bool constructObjects(const struct ProjectContent& aContent);
+    void openPictureOf(const ProjectContent& aContent, QString& aError);
+    void setCalibrations(const ProjectContent& aContent);
+    void constructObjects(const ProjectContent& aContent);
 
     Media& theMedia;
     QUndoStack& theStack;

@@ -18,21 +18,25 @@ class Media : public QObject
 
 public:
     Media(LmCvEditor& aEditor, QObject* aParent);
+    /// Takes the image back from the kernel. The editor may be gone by then.
     ~Media() override;
 
     /// Shows the first frame of a picture.
     bool open(const QString& aPath, QString& aError);
-    /// Stands in for a picture that can't be found: an empty one of its size, under its name.
-    void openPlaceholder(const QString& aPath, QSize aSize);
+    /// Stands in for a picture that can't be found: an empty one of its size and frames, under its name.
+    void openPlaceholder(const QString& aPath, QSize aSize, int aFrameCount = 1);
+    /// Puts the picture in the place of the empty one, at the same frame. One of another size is refused.
+    bool replacePlaceholder(const QString& aPath, QString& aError);
     /// Shows a frame (0 is the first); a frame that can't be read leaves the present one and gives false.
     bool showFrame(int aFrame, QString& aError);
 
     bool isOpen() const { return theImage != nullptr; }
     bool isPlaceholder() const { return isOpen() && !thePicture; }
     const QString& path() const { return thePath; }
-    int frameCount() const;
+    int frameCount() const { return theFrameCount; }
     int frame() const { return theFrame; }
     const LmImage* image() const { return theImage.get(); }
+    LmCvEditor& editor() const { return theEditor; }
     /// Red, green and blue at image coordinates as text for the status bar, empty outside.
     QString colorText(const QPoint& aImagePoint) const;
 
@@ -41,12 +45,15 @@ Q_SIGNALS:
     void frameShown(int aFrame);
 
 private:
-    void take(std::unique_ptr<LmImage> aImage, int aFrame);
+    void take(std::unique_ptr<PictureFile> aPicture, std::unique_ptr<LmImage> aImage, int aFrame);
+    void announce(const QString& aPath, int aFrameCount);
+    void show(std::unique_ptr<LmImage> aImage, int aFrame);
 
     LmCvEditor& theEditor;
     std::unique_ptr<PictureFile> thePicture; // null for a placeholder
     std::unique_ptr<LmImage> theImage;       // the kernel's current image
     QString thePath;
+    int theFrameCount = 0;
     int theFrame = 0;
 };
 

@@ -1,25 +1,30 @@
 #ifndef PICTUREFILE_H
 #define PICTUREFILE_H
 
-#include <QSize>
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
 
 class LmImage;
+class QImageReader;
 
 /// A picture file whose pages are shown as frames. Pages are decoded when they are asked for.
 ///
-/// Everything Qt's image plug-ins read is accepted; 16 bits per channel are reduced to the upper 8. Gray pictures stay
-/// gray, all others become red, green, blue (and alpha where there is one).
+/// What a file is follows from its content, not from its name. 16 bits per channel are reduced to the
+/// upper 8. Gray pictures stay gray, all others become red, green, blue (and alpha where there is one). The
+/// orientation that a camera noted is applied.
 class PictureFile
 {
+    Q_DECLARE_TR_FUNCTIONS(PictureFile)
+
 public:
     /// Pictures of more pixels than this are refused rather than decoded.
     static constexpr qint64 kMaxPixels = 400'000'000;
 
-    /// Opens a file and decodes its first page; null when that fails, and aError is then one sentence for the user.
+    /// Opens a file and decodes its first page; null when that fails, and aError is then one sentence for the
+    /// user.
     static std::unique_ptr<PictureFile> open(const QString& aPath, QString& aError);
     /// Endings of the files that can be opened, without dot, in lower case.
     static QStringList suffixes();
@@ -28,14 +33,23 @@ public:
 
     const QString& path() const { return thePath; }
     int frameCount() const { return theFrameCount; }
-    /// The page as an image, decoded anew; null with aError set when it can't be read.
+    /// The page as an image; null with aError set when it can't be read.
     std::unique_ptr<LmImage> readFrame(int aFrame, QString& aError) const;
 
 private:
-    PictureFile(const QString& aPath, int aFrameCount);
+    explicit PictureFile(const QString& aPath);
+
+    std::unique_ptr<LmImage> decode(int aFrame, QString& aError) const;
+    std::unique_ptr<LmImage> decodePage(QImageReader& aReader, QString& aError) const;
+    static bool selectPage(QImageReader& aReader, int aFrame);
+    bool checkFile(QString& aError) const;
+    bool checkContent(QString& aError);
+    /// "The picture NAME" as the beginning of a sentence.
+    QString subject() const;
 
     QString thePath;
-    int theFrameCount;
+    int theFrameCount = 1;
+    mutable std::unique_ptr<LmImage> theFirstPage; // from opening, given away when it is first asked for
 };
 
 #endif

@@ -6,15 +6,16 @@
 
 class LmCvManipulatorPluginInterface;
 
-/// Finds the measuring plug-in and checks that it was built for this program before any of its code is asked for.
+/// Finds the measuring plug-in and checks that it was built for this program before any of its code is asked
+/// for.
 namespace PluginLoader {
 
-/// Folders that are searched, in order: that of the environment variable MEASURETOOLS_PLUGIN_DIR, the one beside the
-/// program in a build tree, the one it is installed in.
+/// Folders that are searched, in order: that of the environment variable MEASURETOOLS_PLUGIN_DIR, the one
+/// beside the program in a build tree, the one it is installed in.
 QStringList searchPath();
 
-/// Loads the plug-in file; null with one sentence in aError if it is missing, is no plug-in, has another record or
-/// another interface. A loaded plug-in is never unloaded.
+/// Loads the plug-in file; null with one sentence in aError if it is missing, is no plug-in, has another
+/// record or another interface. A loaded plug-in is never unloaded.
 LmCvManipulatorPluginInterface* load(const QString& aFile, QString& aError);
 
 /// Loads the plug-in from the first folder of the search path that holds it.

@@ -13,8 +13,8 @@ class LmCvManipulator;
 class Media;
 class QToolBar;
 
-/// Editor, undo stack, tools and document wired together: what the window and the program without a window share.
-/// One workbench exists at a time, since the kernel is one.
+/// Editor, undo stack, tools and document wired together: what the window and the program without a window
+/// share. One workbench exists at a time, since the kernel is one; it leaves the kernel empty behind.
 class Workbench : public QObject
 {
     Q_OBJECT
@@ -23,8 +23,9 @@ public:
     explicit Workbench(QObject* aParent = nullptr);
     ~Workbench() override;
 
-    /// Loads the plug-in and starts its tools, whose buttons go into the tool bar. False with one sentence in aError
-    /// when the plug-in is missing or doesn't fit; the workbench then goes on without tools.
+    /// Loads the plug-in and starts its tools, whose buttons go into the tool bar. False with one sentence in
+    /// aError when the plug-in is missing or doesn't fit; the workbench then goes on without tools. Without a
+    /// tool bar the buttons stand in a hidden one.
     bool loadTools(QToolBar* aToolBar, QString& aError);
     const QList<LmCvManipulator*>& tools() const { return theTools; }
 
@@ -35,10 +36,12 @@ public:
 
 private:
     QUndoStack theUndoStack;
-    LmCvEditor* theEditor; // owned by this until a window takes it as a child widget
-    Media* theMedia;       // child
-    Document* theDocument; // child
-    QList<LmCvManipulator*> theTools; // children
+    LmCvEditor*
+        theEditor; // owned, also when a window has taken it as a child widget; null once that deletes it
+    std::unique_ptr<QToolBar> theHiddenToolBar;
+    std::unique_ptr<Media> theMedia;
+    std::unique_ptr<Document> theDocument;
+    QList<LmCvManipulator*> theTools; // owned
 };
 
 #endif

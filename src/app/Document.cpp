@@ -1,0 +1,178 @@
+#include "Document.h"
+
+#include "LmCvEditor.h"
+#include "LmCvManipulator.h"
+#include "LmImage.h"
+#include "LmKSKernelData.h"
+#include "LmKernelObjectData.h"
+#include "LoadProgress.h"
+#include "Media.h"
+#include "ProjectFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QUndoStack>
+
+namespace {
+
+LmKSKernelData* kernel()
+{
+    return LmKSKernelData::getInstance();
+}
+
+void clearCalibrations()
+{
+    kernel()->setCurrentCalibration(QString());
+    const QStringList names = kernel()->calibrations().keys();
+    for (const QString& name : names)
+        kernel()->removeCalibration(name);
+}
+
+void removeRecords()
+{
+    const QList<int> types = kernel()->theObjects.keys();
+    for (int type : types) {
+        const QList<int> indices = kernel()->getObjectsOfType(type).keys();
+        for (int idx : indices)
+            delete kernel()->takeObject(type, idx);
+    }
+}
+
+/// Keeps the view from painting every single object of a long load.
+class QuietView
+{
+public:
+    explicit QuietView(LmCvEditor& aEditor) : theEditor(aEditor) { theEditor.setUpdatesEnabled(false); }
+    ~QuietView() { theEditor.setUpdatesEnabled(true); }
+    Q_DISABLE_COPY_MOVE(QuietView)
+
+private:
+    LmCvEditor& theEditor;
+};
+
+} // namespace
+
+Document::Document(Media& aMedia, QUndoStack& aStack, QObject* aParent)
+    : QObject(aParent), theMedia(aMedia), theStack(aStack)
+{
+}
+
+bool Document::open(const QString& aPath, QString& aError)
+{
+    return ProjectFile::isProject(aPath) ? openProject(aPath, aError) : openPicture(aPath, aError);
+}
+
+bool Document::openPicture(const QString& aPath, QString& aError)
+{
+    if (!theMedia.open(aPath, aError))
+        return false;
+    clearObjects();
+    theProjectPath.clear();
+    Q_EMIT changed();
+    return true;
+}
+
+bool Document::openProject(const QString& aPath, QString& aError)
+{
+    ProjectContent content;
+    if (!readProject(aPath, content, aError))
+        return false;
+    // Nothing can fail from here on.
+    const QuietView quiet(theMedia.editor());
+    clearObjects();
+    openPictureOf(content, aError);
+    setCalibrations(content);
+    constructObjects(content);
+    theProjectPath = QFileInfo(aPath).absoluteFilePath();
+    Q_EMIT changed();
+    return true;
+}
+
+bool Document::readProject(const QString& aPath, ProjectContent& aContent, QString& aError)
+{
+    LoadProgress progress(tr("Checking the objects..."), theProgressParent);
+    return ProjectFile::read(aPath, aContent, aError,
+                             [&progress](int aDone, int aCount) { return progress.report(aDone, aCount); });
+}
+
+void Document::clearObjects()
+{
+    LmCvEditor& editor = theMedia.editor();
+    if (editor.theCurrentManipulator)
+        editor.theCurrentManipulator->abortAction();
+    theStack.clear();
+    removeRecords();
+    clearCalibrations();
+    thePictureRelocated = false;
+}
+
+void Document::openPictureOf(const ProjectContent& aContent, QString& aError)
+{
+    aError.clear();
+    if (!theMedia.open(aContent.thePicture, aError))
+        theMedia.openPlaceholder(aContent.thePicture, aContent.thePictureSize, aContent.theFrameCount);
+    if (aContent.theFrame > 0 && !theMedia.showFrame(aContent.theFrame, aError))
+        return;
+    if (theMedia.image()->size() != aContent.thePictureSize)
+        aError = tr("The picture %1 has another size than when the project was saved; check the calibration.")
+                     .arg(QDir::toNativeSeparators(theMedia.path()));
+}
+
+void Document::setCalibrations(const ProjectContent& aContent)
+{
+    for (auto at = aContent.theCalibrations.begin(); at != aContent.theCalibrations.end(); ++at)
+        kernel()->setCalibration(at.key(), at.value());
+    kernel()->setCurrentCalibration(aContent.theCurrentCalibration);
+}
+
+void Document::constructObjects(const ProjectContent& aContent)
+{
+    // One macro, so that the stack announces the many creations once.
+    theStack.beginMacro(QString());
+    for (const QDomElement& element : aContent.theObjects)
+        if (LmCvManipulator* tool = kernel()->getCvManipulator(ProjectFile::objectType(element)))
+            tool->constructDataObject(element, nullptr);
+    theStack.endMacro();
+    theStack.clear();
+    // Tools make their items from the default keyframes; the frame puts those that follow it in their places.
+    kernel()->showFrame(theMedia.frame(), false);
+}
+
+bool Document::locatePicture(const QString& aPath, QString& aError)
+{
+    if (!isPictureMissing()) {
+        aError = tr("The picture of this project is already shown; open another picture instead.");
+        return false;
+    }
+    if (!theMedia.replacePlaceholder(aPath, aError))
+        return false;
+    thePictureRelocated = true;
+    Q_EMIT changed();
+    return true;
+}
+
+bool Document::save(const QString& aPath, QString& aError)
+{
+    if (!ProjectFile::write(aPath, theMedia.path(), theMedia.frame(), aError))
+        return false;
+    theProjectPath = QFileInfo(aPath).absoluteFilePath();
+    thePictureRelocated = false;
+    theStack.setClean();
+    Q_EMIT changed();
+    return true;
+}
+
+bool Document::isPictureMissing() const
+{
+    return theMedia.isPlaceholder();
+}
+
+bool Document::isModified() const
+{
+    return !theStack.isClean() || thePictureRelocated;
+}
+
+QString Document::displayName() const
+{
+    return QFileInfo(theProjectPath.isEmpty() ? theMedia.path() : theProjectPath).fileName();
+}

@@ -1,0 +1,114 @@
+#include "PictureRenderer.h"
+
+#include "LmCvEditor.h"
+#include "LmCvObject.h"
+#include "LmKSKernelData.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QImageWriter>
+#include <QPainter>
+#include <QSaveFile>
+
+#include <vector>
+
+namespace {
+
+QString tr(const char* aText)
+{
+    return QCoreApplication::translate("PictureRenderer", aText);
+}
+
+/// Shows all items as they are at zoom 1, none of them selected or current; gives them back as they were.
+class PlainItems
+{
+public:
+    explicit PlainItems(LmCvEditor& aEditor) : theEditor(aEditor)
+    {
+        const QList<LmCvObject*> items = aEditor.cvItems();
+        theItems.reserve(size_t(items.size()));
+        for (LmCvObject* item : items) {
+            theItems.push_back({item, item->isSelected(), item->isActive()});
+            if (item->isSelected())
+                item->setSelected(false);
+            if (item->isActive())
+                item->setActive(false);
+            item->adjustScale(QTransform());
+        }
+    }
+
+    ~PlainItems()
+    {
+        for (const State& state : theItems) {
+            if (state.theSelected)
+                state.theItem->setSelected(true);
+            if (state.theActive)
+                state.theItem->setActive(true);
+            state.theItem->adjustScale(theEditor.worldMatrix());
+        }
+    }
+    Q_DISABLE_COPY_MOVE(PlainItems)
+
+private:
+    struct State
+    {
+        LmCvObject* theItem; // owned by the canvas
+        bool theSelected;
+        bool theActive;
+    };
+
+    LmCvEditor& theEditor;
+    std::vector<State> theItems;
+};
+
+QByteArray formatOf(const QString& aPath)
+{
+    const QString suffix = QFileInfo(aPath).suffix().toLower();
+    return suffix.isEmpty() ? QByteArray("png") : suffix.toLatin1();
+}
+
+} // namespace
+
+QImage PictureRenderer::render(LmCvEditor& aEditor)
+{
+    LmCvCanvas* canvas = aEditor.imageCanvas();
+    if (!LmKSKernelData::getInstance()->theCurrentImage)
+        return QImage();
+    QImage picture(canvas->size(), QImage::Format_RGB32);
+    if (picture.isNull())
+        return picture;
+    picture.fill(canvas->backgroundColor());
+    const PlainItems plain(aEditor);
+    QPainter painter(&picture);
+    canvas->drawArea(QRegion(canvas->rect()), painter);
+    return picture;
+}
+
+bool PictureRenderer::renderTo(LmCvEditor& aEditor, const QString& aPath, QString& aError)
+{
+    const QByteArray format = formatOf(aPath);
+    const QString name = QDir::toNativeSeparators(aPath);
+    if (!QImageWriter::supportedImageFormats().contains(format)) {
+        aError = tr("Pictures can't be written as .%1; choose a name that ends in .png.")
+                     .arg(QLatin1String(format));
+        return false;
+    }
+    const QImage picture = render(aEditor);
+    if (picture.isNull()) {
+        aError = tr("There is no picture to write, or memory is short; open one first.");
+        return false;
+    }
+    QSaveFile file(aPath);
+    QString reason;
+    if (file.open(QIODevice::WriteOnly)) {
+        QImageWriter writer(&file, format);
+        if (writer.write(picture) && file.commit())
+            return true;
+        reason = file.error() == QFileDevice::NoError ? writer.errorString() : file.errorString();
+    } else {
+        reason = file.errorString();
+    }
+    aError = tr("%1 can't be written (%2); choose another folder.").arg(name, reason);
+    return false;
+}

@@ -1,0 +1,75 @@
+#include "CommandLine.h"
+#include "Headless.h"
+#include "MainWindow.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int kFailed = 2;
+
+bool hasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+int failed(const QString& aSentence)
+{
+    const QByteArray line = aSentence.simplified().toLocal8Bit();
+    std::fprintf(stderr, "measuretools: %s\n", line.constData());
+    return kFailed;
+}
+
+/// Remarks of the libraries would stand between the user and the one line that tells what is wrong.
+void keepFatalOnly(QtMsgType aType, const QMessageLogContext&, const QString& aText)
+{
+    if (aType == QtFatalMsg)
+        failed(aText);
+}
+
+CommandLine readArguments(int aCount, char* aArguments[])
+{
+    QStringList arguments;
+    for (int i = 1; i < aCount; ++i)
+        arguments << QString::fromLocal8Bit(aArguments[i]);
+    return CommandLine::parse(arguments);
+}
+
+int runWithoutWindow(const CommandLine& aLine)
+{
+    QString error;
+    QTextStream out(stdout);
+    return Headless::run(aLine, out, error) ? 0 : failed(error);
+}
+
+} // namespace
+
+int main(int aCount, char* aArguments[])
+{
+    // The labels ask for a font that few systems have.
+    QFont::insertSubstitution(QStringLiteral("Lucida Grande"), QStringLiteral("DejaVu Sans"));
+    QCoreApplication::setApplicationName(QStringLiteral("measuretools"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(MEASURETOOLS_VERSION));
+
+    const CommandLine line = readArguments(aCount, aArguments);
+    if (!line.needsWindow()) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(keepFatalOnly);
+    } else if (!hasDisplay()) {
+        return failed(
+            CommandLine::tr("There is no display for a window; use --values or --render (see --help)."));
+    }
+
+    const QApplication application(aCount, aArguments);
+    if (!line.needsWindow())
+        return runWithoutWindow(line);
+    MainWindow window;
+    window.show();
+    window.openAtStart(line.theInput);
+    return QApplication::exec();
+}
