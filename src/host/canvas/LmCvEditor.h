@@ -15,6 +15,9 @@ class LmCvSelection;
 class QToolButton;
 class QUndoStack;
 
+Q_MOC_INCLUDE("LmCvManipulator.h")
+Q_MOC_INCLUDE("LmCvObject.h")
+
 /// The view in which objects are measured. It routes mouse and keyboard to the current tool, to the item
 /// under the pointer, or to selecting, zooming and panning. Events reach tools and items in canvas
 /// coordinates.

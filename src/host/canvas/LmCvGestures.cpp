@@ -16,6 +16,9 @@ bool LmCvGestures::press(QMouseEvent* aEvent)
     theCurrentPos = aEvent->position();
     theCurrentPoint = theEditor.toCanvas(theCurrentPos);
     theRightTaken = false;
+    // A button can't go down twice: its release went astray, as into a dialog that opened in between.
+    if (theState != kIdle && aEvent->button() == theButton && !abort())
+        reset();
     if (startPan(aEvent) || thePanning || theState != kIdle)
         return true;
     theButton = aEvent->button();
@@ -260,78 +263,6 @@ bool LmCvGestures::release(QMouseEvent* aEvent)
     return true;
 }
 
-void LmCvGestures::finishToolAction(QMouseEvent* aEvent)
-{
-    LmCvManipulator* tool = theTool;
-    reset();
-    QMouseEvent event = CanvasEvent::at(*aEvent, theCurrentPoint);
-    tool->mouseReleaseEvent(&event);
-    aEvent->setAccepted(event.isAccepted());
-}
-
-void LmCvGestures::finishItemDrag(QMouseEvent* aEvent)
-{
-    LmCvObject* item = theItem;
-    const bool toggles = theToggleOnClick;
-    // Asked first: the release may clear it.
-    const bool changed = item->isNodesChanged();
-    releaseItem(aEvent);
-    if (changed)
-        Q_EMIT theEditor.signalCanvasObjectChanged(item);
-    else if (toggles)
-        toggle(item);
-    theEditor.canvas()->update();
-}
-
-void LmCvGestures::finishWatchedPress(QMouseEvent* aEvent)
-{
-    releaseItem(aEvent);
-    LmCvManipulator* watcher = theEditor.theCurrentManipulator;
-    if (watcher && sendPressToTool(watcher, aEvent))
-        finishToolAction(aEvent);
-}
-
-/// The item's part of the gesture ends here, so that whatever follows may remove the item.
-void LmCvGestures::releaseItem(QMouseEvent* aEvent)
-{
-    LmCvObject* item = theItem;
-    reset();
-    QMouseEvent event = CanvasEvent::at(*aEvent, theCurrentPoint);
-    QPoint point = theCurrentPoint;
-    item->mouseReleaseEvent(&event, point);
-}
-
-void LmCvGestures::finishRubberBand(QMouseEvent* aEvent)
-{
-    const QRect band = rubberBand();
-    const bool add = CanvasEvent::holds(*aEvent, Qt::ShiftModifier);
-    reset();
-    theEditor.viewport()->update();
-    LmCvSelection& selection = theEditor.selection();
-    if (band.isNull()) {
-        if (add)
-            return;
-        selection.clear();
-        theEditor.activateItem(nullptr);
-        return;
-    }
-    selection.selectIn(band, add);
-    // A band around parts of the current item selects its nodes.
-    if (selection.items().isEmpty() && theEditor.theCurrentTrack)
-        theEditor.theCurrentTrack->selectNodes(band.topLeft(), band.size());
-    theEditor.canvas()->update();
-}
-
-/// The current item counts as taken already: a Shift click on a second one makes a group of both.
-void LmCvGestures::toggle(LmCvObject* aItem)
-{
-    LmCvSelection& selection = theEditor.selection();
-    LmCvObject* current = theEditor.theCurrentTrack;
-    if (current && current != aItem && selection.items().isEmpty())
-        selection.toggle(current);
-    selection.toggle(aItem);
-}
-
 bool LmCvGestures::doubleClick(QMouseEvent* aEvent)
 {
     LmCvManipulator* grabber = theEditor.mouseGrabber();
@@ -343,48 +274,4 @@ bool LmCvGestures::doubleClick(QMouseEvent* aEvent)
     }
     // To everyone else the second click of two quick ones is a press like any other.
     return press(aEvent);
-}
-
-void LmCvGestures::forget(const Q3CanvasItem* aItem)
-{
-    if (aItem && theItem == aItem)
-        reset();
-}
-
-void LmCvGestures::forget(const LmCvManipulator* aTool)
-{
-    if (aTool && theTool == aTool)
-        reset();
-}
-
-bool LmCvGestures::abort()
-{
-    LmCvObject* item = theItem;
-    switch (theState) {
-    case kIdle:
-    case kToolAction:
-        return false;
-    case kItemDrag:
-    case kWatchedPress: {
-        QMouseEvent event(QEvent::MouseButtonRelease, theLastPoint, theLastPoint, theLastPoint, theButton,
-                          Qt::NoButton, Qt::NoModifier);
-        releaseItem(&event);
-        ItemRecord::restore(*item);
-        break;
-    }
-    case kGroupDrag:
-        reset();
-        for (LmCvObject* member : theEditor.selection().items())
-            ItemRecord::restore(*member);
-        break;
-    case kTogglePress:
-    case kGroupPress:
-    case kRubberBand:
-        reset();
-        theEditor.viewport()->update();
-        break;
-    }
-    theEditor.canvas()->update();
-    updateCursor();
-    return true;
 }
