@@ -36,7 +36,7 @@ QString randomText(QRandomGenerator& aRandom)
     const int length = aRandom.bounded(12);
     for (int i = 0; i < length; ++i)
         text += aRandom.bounded(2) ? QChar(char16_t(aRandom.bounded(0x10000)))
-                                   : QStringLiteral(" \n\t\r\\u<>&\"'x").at(aRandom.bounded(13));
+                                   : QStringLiteral(" \n\t\r\\u<>&\"'x").at(aRandom.bounded(12));
     return text;
 }
 

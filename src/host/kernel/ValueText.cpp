@@ -17,8 +17,7 @@ bool needsEscape(const QString& aText, qsizetype aAt)
     if (character == QLatin1Char(' '))
         return atEnd;
     if (character.isHighSurrogate())
-        return atEnd ? aText.size() == 1 || aAt > 0 || !aText[aAt + 1].isLowSurrogate()
-                     : !aText[aAt + 1].isLowSurrogate();
+        return aAt + 1 >= aText.size() || !aText[aAt + 1].isLowSurrogate();
     if (character.isLowSurrogate())
         return aAt == 0 || !aText[aAt - 1].isHighSurrogate();
     return character == QLatin1Char('\\') || character.unicode() < 0x20 || character.unicode() >= 0xfffe ||
@@ -152,9 +151,10 @@ QVariant readPoints(const QString& aText)
 
 QVariant readBytes(const QString& aText)
 {
-    const auto decoded =
-        QByteArray::fromBase64Encoding(aText.toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
-    return decoded ? QVariant(*decoded) : QVariant();
+    // Qt decodes shortened texts too; only what encodes to the very same text is whole.
+    const QByteArray encoded = aText.toLatin1();
+    const QByteArray bytes = QByteArray::fromBase64(encoded);
+    return bytes.toBase64() == encoded ? QVariant(bytes) : QVariant();
 }
 
 QVariant readBool(const QString& aText)
