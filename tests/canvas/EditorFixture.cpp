@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QTest>
 #include <QWheelEvent>
+#include <QtMath>
 
 namespace {
 
@@ -43,7 +44,8 @@ EditorFixture::~EditorFixture()
 
 QPoint EditorFixture::toViewport(const QPoint& aCanvasPoint) const
 {
-    return theEditor.toViewport(QPointF(aCanvasPoint) + QPointF(0.5, 0.5)).toPoint();
+    const QPointF middle = theEditor.toViewport(QPointF(aCanvasPoint) + QPointF(0.5, 0.5));
+    return QPoint(qFloor(middle.x()), qFloor(middle.y()));
 }
 
 void EditorFixture::press(const QPoint& aCanvasPoint, Qt::MouseButton aButton, Qt::KeyboardModifiers aKeys)

@@ -110,8 +110,8 @@ void LmCvEditor::noticeToolChange()
     Q_EMIT signalCurrentManipulatorChanged(theCurrentManipulator);
 }
 
-/// A button that isn't its tool's theToolButton takes being switched off for a click of the user, so it isn't
-/// told.
+/// A second button of a tool, and its first one when the tool goes on with the second, would take being
+/// switched off for a click of the user, so they aren't told.
 void LmCvEditor::checkOnly(QToolButton* aButton, const QList<LmCvManipulator*>& aTools)
 {
     for (const LmCvManipulator* tool : aTools) {
@@ -120,7 +120,8 @@ void LmCvEditor::checkOnly(QToolButton* aButton, const QList<LmCvManipulator*>& 
         for (QToolButton* button : buttonsOf(*tool)) {
             if (button->isChecked() == (button == aButton))
                 continue;
-            const bool told = button == aButton || button == tool->theToolButton;
+            const bool left = button == tool->theToolButton && tool != theCurrentManipulator;
+            const bool told = button == aButton || left;
             const bool blocked = button->blockSignals(!told || button->signalsBlocked());
             button->setChecked(button == aButton);
             button->blockSignals(blocked);
@@ -194,7 +195,11 @@ void LmCvEditor::zoomToFit()
     const QSize room = maximumViewportSize();
     if (picture.isEmpty() || room.isEmpty())
         return;
-    setZoom(std::min(double(room.width()) / picture.width(), double(room.height()) / picture.height()));
+    double fit = std::min(double(room.width()) / picture.width(), double(room.height()) / picture.height());
+    // Rounded up by the least amount it would already bring a scroll bar.
+    while (fit * picture.width() > room.width() || fit * picture.height() > room.height())
+        fit = std::nextafter(fit, 0.0);
+    setZoom(fit);
 }
 
 QList<LmCvObject*> LmCvEditor::itemsNear(const QPoint& aCanvasPoint) const
