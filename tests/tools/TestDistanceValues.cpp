@@ -97,7 +97,7 @@ void TestDistanceValues::valuesOfKnownLines_data()
     QTest::newRow("45 degrees") << QPoint(70, -70) << 70.0 * std::sqrt(2.0) << 45.0;
     QTest::newRow("-45 degrees") << QPoint(70, 70) << 70.0 * std::sqrt(2.0) << -45.0;
     QTest::newRow("53.13 degrees") << QPoint(60, -80) << 100.0 << 53.1;
-    QTest::newRow("30 degrees") << QPoint(0, -50) << 50.0 << 90.0;
+    QTest::newRow("half as long, up") << QPoint(0, -50) << 50.0 << 90.0;
 }
 
 void TestDistanceValues::valuesOfKnownLines()
