@@ -26,6 +26,7 @@ private Q_SLOTS:
     void orderOfManyItemsEqualsASortByZAndAge();
     void newItemIsHiddenUntilShown();
     void hiddenItemIsNeitherDrawnNorHit();
+    void moveGivesExactlyThePositionAskedFor();
     void collisionsNameTopmostFirst();
     void areaMeetsItsLastPixelOnly();
     void onlyItemsOfTheRegionAreDrawn();
@@ -115,6 +116,15 @@ void TestCanvas::hiddenItemIsNeitherDrawnNorHit()
     QCOMPARE(item->theDrawn, 0);
     QVERIFY(canvas.collisions(kInside).isEmpty());
     QCOMPARE(canvas.allItems(), Q3CanvasItemList{item});
+}
+
+void TestCanvas::moveGivesExactlyThePositionAskedFor()
+{
+    Q3Canvas canvas(60, 60);
+    Block item(kPlace, Qt::red, &canvas);
+    item.move(1e9 + 0.3, -1e9 - 0.3);
+    item.move(0.1, 0.7);
+    QVERIFY(item.x() == 0.1 && item.y() == 0.7);
 }
 
 void TestCanvas::collisionsNameTopmostFirst()

@@ -145,13 +145,23 @@ void TestCanvasViewPainting::manyUpdatesBecomeOnePaint()
     showAt(view, QSize(400, 300));
     const int before = view.thePaintEvents;
     const int drawnBefore = item->theDrawn;
+    view.takePainted();
     for (int step = 0; step < 3000; ++step) {
         item->place(QRect(step % 370, step * 7 % 270, 30, 30));
         canvas.update();
     }
+    QCoreApplication::processEvents();
+    QCOMPARE(view.takePainted(), QRegion(view.viewport()->rect()));
     QCOMPARE(shown(view), repainted(view));
     QCOMPARE(item->theDrawn, drawnBefore + 2); // on the screen, and for the comparison
     QCOMPARE(view.thePaintEvents, before + 2);
+    view.takePainted();
+    item->place(kPlace);
+    canvas.update();
+    QCoreApplication::processEvents();
+    const QRegion painted = view.takePainted();
+    QVERIFY(painted.contains(kPlace.center()));
+    QVERIFY(!painted.contains(kPlace.center() + QPoint(0, 50)));
 }
 
 void TestCanvasViewPainting::manyChangesEqualAFullRepaint()

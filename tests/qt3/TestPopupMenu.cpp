@@ -1,6 +1,7 @@
 #include "Q3PopupMenu.h"
 #include "TestFont.h"
 
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -96,10 +97,13 @@ void TestPopupMenu::removedEntryIsGone()
     auto* inner = new Q3PopupMenu(&menu);
     menu.insertItem(QStringLiteral("One"), 1);
     menu.insertItem(QStringLiteral("More"), inner, 2);
+    const QPointer<QAction> plain = menu.actions().at(0);
+    const QPointer<QAction> opener = inner->menuAction();
     menu.removeItem(2);
     QCOMPARE(menu.count(), 1);
-    QVERIFY(inner->menuAction());
+    QVERIFY(opener); // the submenu's own
     menu.removeItem(1);
+    QVERIFY(!plain);
     QCOMPARE(menu.count(), 0);
     QVERIFY(menu.text(1).isNull());
 }

@@ -60,6 +60,8 @@ inline void showAt(Q3CanvasView& aView, const QSize& aSize)
     aView.resize(aSize);
     aView.show();
     QVERIFY(QTest::qWaitForWindowExposed(&aView));
+    if (aView.canvas())
+        aView.canvas()->update(); // what was marked before the test's own changes
     QCoreApplication::processEvents();
 }
 
