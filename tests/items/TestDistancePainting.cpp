@@ -197,7 +197,7 @@ void TestDistancePainting::labelLiesAlongTheLine()
     const QImage picture = painted(*theItem, view);
     const double half = theItem->theLabelRect.width() / 2.0;
     const double high = theItem->theLabelRect.height();
-    const double margin = 3.0 / view.m11(); // the turned box falls on whole pixels of the screen
+    const double margin = 4.0 / view.m11(); // the turned box falls on whole pixels of the screen
     // The box stands on the line with the middle of its bottom edge at the line's middle.
     for (const double along : {-half + margin, 0.0, half - margin})
         for (const double down : {-high + margin, -high / 2, -margin})
