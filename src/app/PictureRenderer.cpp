@@ -109,6 +109,6 @@ bool PictureRenderer::renderTo(LmCvEditor& aEditor, const QString& aPath, QStrin
     } else {
         reason = file.errorString();
     }
-    aError = tr("%1 can't be written (%2); choose another folder.").arg(name, reason);
+    aError = tr("The picture %1 can't be written (%2); choose another folder.").arg(name, reason);
     return false;
 }
