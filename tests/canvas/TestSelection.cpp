@@ -23,6 +23,7 @@ private Q_SLOTS:
     void groupMovesAsOneStep();
     void clickOnAGroupMemberLeavesTheGroupForIt();
     void escapeBringsTheGroupBack();
+    void memberThatGoesDuringTheMoveLeavesTheRestMoving();
     void deleteKeyRemovesTheGroupAsOneStep();
     void deleteWithoutTargetsDoesNothing();
     void singleTargetMakesNoMacro();
@@ -234,6 +235,32 @@ void TestSelection::escapeBringsTheGroupBack()
     QCOMPARE(f.theTool.item(1)->theCorner, QPoint(50, 50));
     QCOMPARE(f.theTool.item(2)->theCorner, QPoint(100, 50));
     QCOMPARE(f.theStack.count(), 0);
+}
+
+void TestSelection::memberThatGoesDuringTheMoveLeavesTheRestMoving()
+{
+    EditorFixture f;
+    makeThree(f);
+    f.click(kThird); // current, and no member: it must not take the group's place
+    f.drag(QPoint(40, 40), QPoint(130, 90));
+    f.press(kFirst);
+    f.move(kFirst + QPoint(30, 70));
+    f.theTool.removeCvObject(f.theTool.item(1));
+    f.move(kFirst + QPoint(40, 70));
+    f.release(kFirst + QPoint(40, 70));
+    QCOMPARE(f.theTool.recordedPos(2), QPoint(140, 120));
+    QCOMPARE(f.theTool.recordedPos(3), QPoint(150, 50));
+
+    f.drag(QPoint(130, 110), QPoint(170, 150));
+    QCOMPARE(f.theEditor.selection().items().size(), 1);
+    f.click(kThird, Qt::ShiftModifier);
+    f.press(kThird);
+    f.move(kThird + QPoint(0, 40));
+    f.theTool.removeCvObject(f.theTool.item(2));
+    f.theTool.removeCvObject(f.theTool.item(3));
+    f.move(kThird + QPoint(0, 80));
+    f.release(kThird + QPoint(0, 80));
+    QVERIFY(f.theEditor.cvItems().isEmpty());
 }
 
 void TestSelection::deleteKeyRemovesTheGroupAsOneStep()

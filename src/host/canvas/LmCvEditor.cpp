@@ -153,8 +153,8 @@ void LmCvEditor::forgetManipulator(const LmCvManipulator* aTool)
 
 void LmCvEditor::forgetItem(const Q3CanvasItem* aItem)
 {
-    theGestures->forget(aItem);
     theSelection->forget(aItem);
+    theGestures->forget(aItem);
     if (theCurrentTrack == aItem)
         setCurrentTrack(nullptr, false);
 }

@@ -115,6 +115,7 @@ void LmCvEditor::keyReleaseEvent(QKeyEvent* aEvent)
         theCurrentManipulator->keyReleaseEvent(aEvent);
     else
         Q3CanvasView::keyReleaseEvent(aEvent);
+    canvas()->update();
 }
 
 void LmCvEditor::focusOutEvent(QFocusEvent* aEvent)

@@ -125,6 +125,7 @@ bool LmCvGestures::sendPressToTool(LmCvManipulator* aTool, QMouseEvent* aEvent)
     theTool = aTool;
     QMouseEvent event = CanvasEvent::press(*aEvent, thePressPoint, theButton);
     aTool->mousePressEvent(&event);
+    theEditor.canvas()->update();
     aEvent->setAccepted(event.isAccepted());
     if (!event.isAccepted())
         reset();
@@ -171,6 +172,7 @@ bool LmCvGestures::moveTool(LmCvManipulator* aTool, QMouseEvent* aEvent)
         return false;
     QMouseEvent event = CanvasEvent::at(*aEvent, theCurrentPoint);
     aTool->mouseMoveEvent(&event);
+    theEditor.canvas()->update();
     aEvent->setAccepted(event.isAccepted());
     return true;
 }

@@ -17,6 +17,7 @@ void LmCvGestures::finishToolAction(QMouseEvent* aEvent)
     reset();
     QMouseEvent event = CanvasEvent::at(*aEvent, theCurrentPoint);
     tool->mouseReleaseEvent(&event);
+    theEditor.canvas()->update();
     aEvent->setAccepted(event.isAccepted());
 }
 
@@ -85,7 +86,8 @@ void LmCvGestures::toggle(LmCvObject* aItem)
 
 void LmCvGestures::forget(const Q3CanvasItem* aItem)
 {
-    if (aItem && theItem == aItem)
+    // The rest of a group goes on moving.
+    if (theState == kGroupDrag ? theEditor.selection().items().isEmpty() : theItem == aItem)
         reset();
 }
 
