@@ -1,7 +1,8 @@
+# shellcheck shell=bash
 # What run.sh, test.sh and .ci/run share. Sourced by them; they stand in the project's root folder after that.
 
 project_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-cd "$project_root"
+cd "$project_root" || exit 2
 
 say() { printf '%s\n' "$*" >&2; }
 fail() { say "$*"; exit 2; }
