@@ -98,16 +98,20 @@ LmCvManipulatorPluginInterface* PluginLoader::load(const QString& aFile, QString
     return plugin;
 }
 
-LmCvManipulatorPluginInterface* PluginLoader::loadFromSearchPath(QString& aError)
+LmCvManipulatorPluginInterface* PluginLoader::loadFrom(const QStringList& aFolders, QString& aError)
 {
-    const QStringList folders = searchPath();
-    for (const QString& folder : folders) {
+    for (const QString& folder : aFolders) {
         const QString file = QDir(folder).filePath(QLatin1String(kPluginFile));
         if (QFileInfo(file).isFile())
             return load(file, aError);
     }
     aError = tr("The plug-in %1 is missing in %2; install it or name its folder in %3.")
-                 .arg(QLatin1String(kPluginFile), folders.join(QLatin1String(", ")),
+                 .arg(QLatin1String(kPluginFile), aFolders.join(QLatin1String(", ")),
                       QLatin1String(kPluginDirVariable));
     return nullptr;
+}
+
+LmCvManipulatorPluginInterface* PluginLoader::loadFromSearchPath(QString& aError)
+{
+    return loadFrom(searchPath(), aError);
 }

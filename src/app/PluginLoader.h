@@ -18,7 +18,11 @@ QStringList searchPath();
 /// record or another interface. A loaded plug-in is never unloaded.
 LmCvManipulatorPluginInterface* load(const QString& aFile, QString& aError);
 
-/// Loads the plug-in from the first folder of the search path that holds it.
+/// Loads the plug-in from the first of the folders that holds its file; a bad one there is told, not passed
+/// over.
+LmCvManipulatorPluginInterface* loadFrom(const QStringList& aFolders, QString& aError);
+
+/// Loads the plug-in from the search path.
 LmCvManipulatorPluginInterface* loadFromSearchPath(QString& aError);
 
 } // namespace PluginLoader

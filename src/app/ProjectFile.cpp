@@ -145,7 +145,8 @@ int ProjectFile::objectType(const QDomElement& aElement)
 
 bool ProjectFile::isProject(const QString& aPath)
 {
-    if (QFileInfo(aPath).suffix().compare(QLatin1String("mtp"), Qt::CaseInsensitive) == 0)
+    const QString suffix = QFileInfo(aPath).suffix().toLower();
+    if (suffix == QLatin1String("mtp") || suffix == QLatin1String("mtp~"))
         return true;
     QFile file(aPath);
     if (!QFileInfo(aPath).isFile() || !file.open(QIODevice::ReadOnly))

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void chosenFolderComesFirstInTheSearch();
     void missingPluginIsTold();
     void pluginOfTheBuildTreeIsFoundBesideTheProgram();
+    void missingEverywhereNamesTheFoldersAndTheVariable();
     void textFileIsNoPlugin();
     void cutPluginIsRefused();
     void pluginWithoutRecordIsRefused();
@@ -95,6 +96,17 @@ void TestPluginLoader::pluginOfTheBuildTreeIsFoundBesideTheProgram()
     const bool isBeside = PluginLoader::loadFromSearchPath(error) != nullptr;
     qputenv("MEASURETOOLS_PLUGIN_DIR", kept);
     QVERIFY2(isBeside, qPrintable(error));
+}
+
+void TestPluginLoader::missingEverywhereNamesTheFoldersAndTheVariable()
+{
+    const QStringList folders{theFolder.filePath(QStringLiteral("a")),
+                              theFolder.filePath(QStringLiteral("b"))};
+    QString error;
+    QVERIFY(!PluginLoader::loadFrom(folders, error));
+    QCOMPARE(sentenceFault(error), QString());
+    for (const QString& named : folders + QStringList{QStringLiteral("MEASURETOOLS_PLUGIN_DIR")})
+        QVERIFY2(error.contains(named), qPrintable(error));
 }
 
 void TestPluginLoader::textFileIsNoPlugin()

@@ -264,6 +264,7 @@ void TestProjectFile::projectIsKnownByItsEndingOrItsContent()
     QVERIFY(ProjectFile::isProject(path));
     QVERIFY(ProjectFile::isProject(renamed));
     QVERIFY(ProjectFile::isProject(theBench->path(QStringLiteral("nowhere.MTP"))));
+    QVERIFY(ProjectFile::isProject(theBench->path(QStringLiteral("nowhere.mtp~"))));
     QVERIFY(!ProjectFile::isProject(theBench->media().path()));
     QVERIFY(!ProjectFile::isProject(theBench->path(QStringLiteral("nowhere.png"))));
     QVERIFY(!ProjectFile::isProject(theBench->path(QString())));
