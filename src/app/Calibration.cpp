@@ -1,0 +1,88 @@
+#include "Calibration.h"
+
+#include "LmKSKernelData.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include <cmath>
+
+namespace {
+
+/// The limit from which the kernel takes a calibration's value as one.
+constexpr double kMinValue = 0.001;
+
+double scaledImageWidth()
+{
+    const LmKSKernelData* kernel = LmKSKernelData::getInstance();
+    return kernel->getCurrentImageSize().width() * kernel->theCalibScale;
+}
+
+} // namespace
+
+namespace Calibration {
+
+LmCalibData fromLength(double aPixels, double aLength, const QString& aUnit)
+{
+    return aPixels > 0.0 ? fromPixelSize(aLength / aPixels, aUnit) : LmCalibData{0.0, aUnit};
+}
+
+LmCalibData fromPixelSize(double aSize, const QString& aUnit)
+{
+    const double value = scaledImageWidth() * aSize;
+    return {std::isfinite(value) && value > 0.0 ? value : 0.0, aUnit};
+}
+
+bool isUsable(const LmCalibData& aData)
+{
+    return aData.theValue > kMinValue;
+}
+
+double pixelSize(const LmCalibData& aData)
+{
+    const double width = scaledImageWidth();
+    return isUsable(aData) && width > 0.0 ? aData.theValue / width : 0.0;
+}
+
+QString freeName()
+{
+    const QStringList taken = names();
+    for (int number = 1;; ++number) {
+        const QString name = QCoreApplication::translate("Calibration", "Calibration %1").arg(number);
+        if (!taken.contains(name))
+            return name;
+    }
+}
+
+QStringList names()
+{
+    return LmKSKernelData::getInstance()->calibrations().keys();
+}
+
+QPoint snapped(const QPoint& aAnchor, const QPoint& aPoint)
+{
+    constexpr double kEighth = M_PI / 4.0;
+    const QPoint way = aPoint - aAnchor;
+    const double angle = std::round(std::atan2(way.y(), way.x()) / kEighth) * kEighth;
+    // Both parts are -1, 0 or 1.
+    const QPoint direction(qRound(std::cos(angle)), qRound(std::sin(angle)));
+    const double steps =
+        double(QPoint::dotProduct(way, direction)) / QPoint::dotProduct(direction, direction);
+    return aAnchor + direction * qRound(steps);
+}
+
+double numberFromText(const QString& aText)
+{
+    bool ok = false;
+    double number = QLocale().toDouble(aText.trimmed(), &ok);
+    if (!ok)
+        number = QString(aText).replace(QLatin1Char(','), QLatin1Char('.')).trimmed().toDouble(&ok);
+    return ok && std::isfinite(number) ? number : 0.0;
+}
+
+QString numberText(double aValue)
+{
+    return QLocale().toString(aValue, 'g', 6);
+}
+
+} // namespace Calibration

@@ -1,0 +1,159 @@
+#include "CalibrationTool.h"
+
+#include "Calibration.h"
+#include "CalibrationLine.h"
+#include "LmCvEditor.h"
+
+#include <QMouseEvent>
+
+namespace {
+
+/// Screen pixels; a shorter way is a click that trembled.
+constexpr double kMinWay = 3.0;
+
+} // namespace
+
+CalibrationTool::CalibrationTool(LmCvEditor& aEditor, QObject* aParent) : LmCvManipulator(aParent)
+{
+    theCursor = QCursor(Qt::CrossCursor);
+    setCvEditor(&aEditor);
+    connect(&aEditor, &LmCvEditor::signalCurrentManipulatorChanged, this, &CalibrationTool::toolChanged);
+    connect(&aEditor, &LmCvEditor::signalZoomChanged, this, [this](double aZoom) {
+        if (theLine)
+            theLine->setZoom(aZoom);
+    });
+}
+
+CalibrationTool::~CalibrationTool() = default;
+
+void CalibrationTool::start()
+{
+    if (isRunning())
+        return;
+    theFormerTool = theCvEditor->theCurrentManipulator;
+    theCvEditor->setCurrentManipulator(this);
+    setState(kWantFirst);
+}
+
+QString CalibrationTool::hint() const
+{
+    switch (theState) {
+    case kWantFirst:
+        return tr("Click one end of something whose length you know.");
+    case kWantSecond:
+        return tr("Click the other end; Shift snaps, Esc begins again.");
+    case kOff:
+    case kDone:
+        break;
+    }
+    return QString();
+}
+
+void CalibrationTool::finish()
+{
+    if (!isRunning())
+        return;
+    removeLine();
+    setState(kOff);
+    if (theCvEditor->theCurrentManipulator == this)
+        theCvEditor->setCurrentManipulator(theFormerTool);
+}
+
+void CalibrationTool::mousePressEvent(QMouseEvent* aEvent)
+{
+    aEvent->accept();
+    if (aEvent->button() != Qt::LeftButton)
+        return;
+    if (theState == kWantFirst)
+        startLine(aEvent->pos());
+    else
+        mouseMoveEvent(aEvent);
+}
+
+void CalibrationTool::startLine(const QPoint& aCanvasPoint)
+{
+    theLine = new CalibrationLine(theCvEditor->getCanvas(), aCanvasPoint, theCvEditor->zoom());
+    theLine->show();
+    theCvEditor->getCanvas()->update();
+    theCvEditor->setMouseGrabber(this, true);
+    setState(kWantSecond);
+}
+
+void CalibrationTool::mouseMoveEvent(QMouseEvent* aEvent)
+{
+    aEvent->accept();
+    if (theState != kWantSecond)
+        return;
+    const bool snap = aEvent->modifiers() & Qt::ShiftModifier;
+    theLine->setEnd(snap ? Calibration::snapped(theLine->startPoint(), aEvent->pos()) : aEvent->pos());
+    theCvEditor->getCanvas()->update();
+}
+
+void CalibrationTool::mouseReleaseEvent(QMouseEvent* aEvent)
+{
+    aEvent->accept();
+    if (theState != kWantSecond)
+        return;
+    if (aEvent->button() == Qt::RightButton) {
+        abortAction();
+        return;
+    }
+    if (aEvent->button() != Qt::LeftButton)
+        return;
+    mouseMoveEvent(aEvent);
+    if (isLongEnough())
+        takeSecond();
+}
+
+void CalibrationTool::takeSecond()
+{
+    theCvEditor->setMouseGrabber(nullptr, false);
+    setState(kDone);
+    // The dialog that follows must not open inside the release, which the editor still has to end.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (theState == kDone)
+                Q_EMIT measured(theLine->length());
+        },
+        Qt::QueuedConnection);
+}
+
+bool CalibrationTool::isLongEnough() const
+{
+    return theLine->length() * theCvEditor->zoom() >= kMinWay;
+}
+
+bool CalibrationTool::abortAction()
+{
+    if (!theLine)
+        return false;
+    removeLine();
+    setState(kWantFirst);
+    return true;
+}
+
+void CalibrationTool::removeLine()
+{
+    if (!theLine)
+        return;
+    if (theCvEditor->mouseGrabber() == this)
+        theCvEditor->setMouseGrabber(nullptr, false);
+    delete theLine;
+    theLine = nullptr;
+    theCvEditor->getCanvas()->update();
+}
+
+void CalibrationTool::toolChanged(LmCvManipulator* aTool)
+{
+    if (aTool == this || !isRunning())
+        return;
+    removeLine();
+    setState(kOff);
+}
+
+void CalibrationTool::setState(State aState)
+{
+    theState = aState;
+    Q_EMIT hintChanged();
+}

@@ -1,0 +1,222 @@
+#include "MainWindow.h"
+
+#include "AppIcon.h"
+#include "CalibrationCommands.h"
+#include "CalibrationTool.h"
+#include "Document.h"
+#include "FileCommands.h"
+#include "FrameBar.h"
+#include "ItemMenu.h"
+#include "LmCvEditor.h"
+#include "LmCvObject.h"
+#include "LmCvSelection.h"
+#include "Media.h"
+#include "Messages.h"
+#include "ObjectColor.h"
+#include "RecentFiles.h"
+#include "SampleFile.h"
+#include "StatusInfo.h"
+#include "ToolSwitch.h"
+#include "UndoDock.h"
+#include "ViewZoom.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QScreen>
+#include <QSettings>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace {
+
+constexpr QLatin1String kGeometryKey("window/geometry");
+constexpr QLatin1String kStateKey("window/state");
+constexpr double kFirstSizeOfScreen = 0.8; // of the screen's width and height
+
+} // namespace
+
+MainWindow::MainWindow(QWidget* aParent)
+    : QMainWindow(aParent), theActions(*this, theBench.undoStack()),
+      theRecentFiles(new RecentFiles(*theActions.theRecentMenu, this)),
+      theFiles(new FileCommands(theBench, *theRecentFiles, *this)),
+      theTools(new ToolSwitch(theBench.editor(), *theActions.theArrow, this)),
+      theZoom(new ViewZoom(theBench.editor(), this)),
+      theCalibration(new CalibrationCommands(theBench.editor(), theBench.undoStack(),
+                                             *theActions.theCalibrationMenu, *this)),
+      theStatus(
+          new StatusInfo(*statusBar(), theBench.editor(), theBench.media(), theCalibration->tool(), this))
+{
+    setObjectName(QStringLiteral("mainWindow"));
+    setWindowIcon(appIcon(QStringLiteral("measuretools")));
+    setAcceptDrops(true);
+    setCentralWidget(&theBench.editor());
+    theBench.editor().setAccessibleName(tr("Picture"));
+    theBench.document().setProgressParent(this);
+    theBench.loadTools(theActions.theToolBar, theStartError);
+    theTools->addTools(theBench.tools(), *theActions.theToolsMenu);
+    theTools->setToolsEnabled(false);
+    new ObjectColor(*theActions.theColor, *this);
+    connectFileActions();
+    connectEditActions();
+    connectViewActions();
+    connectCalibration();
+    addDocks();
+    restoreLayout();
+    updateTitle();
+    updateSelection();
+}
+
+MainWindow::~MainWindow()
+{
+    // The parts below listen to the editor, which goes with the workbench before them.
+    theCalibration->tool().finish();
+    theBench.editor().disconnect(this);
+    theBench.undoStack().disconnect(this);
+}
+
+bool MainWindow::openAtStart(const QString& aPathOrEmpty)
+{
+    const QString path = aPathOrEmpty.isEmpty() ? SampleFile::find() : aPathOrEmpty;
+    return !path.isEmpty() && theFiles->open(path);
+}
+
+void MainWindow::connectFileActions()
+{
+    connect(theActions.theOpen, &QAction::triggered, theFiles, &FileCommands::askOpen);
+    connect(theActions.theSave, &QAction::triggered, theFiles, &FileCommands::save);
+    connect(theActions.theSaveAs, &QAction::triggered, theFiles, &FileCommands::saveAs);
+    connect(theActions.theExport, &QAction::triggered, theFiles, &FileCommands::exportPicture);
+    connect(theActions.theLocate, &QAction::triggered, theFiles, &FileCommands::locatePicture);
+    connect(theActions.theQuit, &QAction::triggered, this, &MainWindow::close);
+    connect(theActions.theAbout, &QAction::triggered, this, [this] { tellAbout(this); });
+    connect(&theBench.media(), &Media::opened, this, &MainWindow::pictureOpened);
+    connect(&theBench.document(), &Document::changed, this, &MainWindow::updateTitle);
+    connect(&theBench.undoStack(), &QUndoStack::cleanChanged, this, &MainWindow::updateTitle);
+}
+
+void MainWindow::connectEditActions()
+{
+    LmCvEditor& editor = theBench.editor();
+    connect(theActions.theSelectAll, &QAction::triggered, this,
+            [&editor] { editor.selection().selectAll(); });
+    connect(theActions.theDelete, &QAction::triggered, &editor, &LmCvEditor::slotDeleteSelected);
+    connect(&editor, &LmCvEditor::signalSelectionChanged, this, &MainWindow::updateSelection);
+    connect(&editor, &LmCvEditor::signalCurrentObjectChanged, this, &MainWindow::updateSelection);
+    auto* menu = new ItemMenu(editor, *theTools,
+                              {theActions.theShowAll, theActions.theSelectAll, theActions.theZoomFit}, *this);
+    connect(menu, &ItemMenu::told, this,
+            [this](const QString& aText) { statusBar()->showMessage(aText, 5000); });
+}
+
+void MainWindow::connectViewActions()
+{
+    connect(theActions.theZoomIn, &QAction::triggered, theZoom, &ViewZoom::in);
+    connect(theActions.theZoomOut, &QAction::triggered, theZoom, &ViewZoom::out);
+    connect(theActions.theZoomFit, &QAction::triggered, theZoom, &ViewZoom::fit);
+    connect(theActions.theZoomOne, &QAction::triggered, theZoom, &ViewZoom::one);
+    connect(theActions.theShowAll, &QAction::triggered, &theBench.editor(), &LmCvEditor::slotShowAllCvItems);
+}
+
+void MainWindow::connectCalibration()
+{
+    connect(theActions.theKnownLength, &QAction::triggered, theCalibration,
+            &CalibrationCommands::calibrateByLength);
+    connect(theActions.thePixelSize, &QAction::triggered, theCalibration,
+            &CalibrationCommands::calibrateByPixelSize);
+    connect(theActions.theCalibrations, &QAction::triggered, theCalibration, &CalibrationCommands::manage);
+    connect(theCalibration, &CalibrationCommands::changed, theStatus, &StatusInfo::updateCalibration);
+    const CalibrationTool& tool = theCalibration->tool();
+    connect(&tool, &CalibrationTool::hintChanged, this,
+            [this, &tool] { theActions.theKnownLength->setChecked(tool.isRunning()); });
+}
+
+void MainWindow::addDocks()
+{
+    auto* frames =
+        new FrameBar(theBench.media(), *theActions.thePreviousFrame, *theActions.theNextFrame, this);
+    addToolBar(Qt::BottomToolBarArea, frames);
+    connect(frames, &FrameBar::failed, this, [this](const QString& aError) { tellError(this, aError); });
+    auto* history = new UndoDock(theBench.undoStack(), this);
+    addDockWidget(Qt::RightDockWidgetArea, history);
+    history->hide();
+    theActions.theViewMenu->addActions({history->toggleViewAction(),
+                                        theActions.theMainBar->toggleViewAction(),
+                                        theActions.theToolBar->toggleViewAction()});
+    history->toggleViewAction()->setShortcut(QKeySequence(tr("Ctrl+Shift+H")));
+    history->toggleViewAction()->setStatusTip(tr("Shows or hides the list of all changes"));
+}
+
+void MainWindow::restoreLayout()
+{
+    const QSettings settings;
+    if (!restoreGeometry(settings.value(kGeometryKey).toByteArray()))
+        resize(screen()->availableSize() * kFirstSizeOfScreen);
+    restoreState(settings.value(kStateKey).toByteArray());
+}
+
+void MainWindow::pictureOpened()
+{
+    theCalibration->tool().finish();
+    theActions.setPictureOpen(true);
+    theTools->setToolsEnabled(true);
+    theZoom->fit();
+}
+
+void MainWindow::updateTitle()
+{
+    const Document& document = theBench.document();
+    const QString name = document.displayName();
+    setWindowTitle(name.isEmpty() ? tr("MeasureTools") : tr("%1[*] - MeasureTools").arg(name));
+    setWindowModified(document.isModified());
+    theActions.theLocate->setEnabled(document.isPictureMissing());
+}
+
+void MainWindow::updateSelection()
+{
+    theActions.theDelete->setEnabled(!theBench.editor().selection().targets().isEmpty());
+}
+
+void MainWindow::showEvent(QShowEvent* aEvent)
+{
+    QMainWindow::showEvent(aEvent);
+    if (!theStartError.isEmpty())
+        QMetaObject::invokeMethod(this, &MainWindow::tellStartError, Qt::QueuedConnection);
+}
+
+void MainWindow::tellStartError()
+{
+    const QString error = std::exchange(theStartError, QString());
+    if (!error.isEmpty())
+        tellError(this, error);
+}
+
+void MainWindow::closeEvent(QCloseEvent* aEvent)
+{
+    if (!theFiles->mayLeaveWork()) {
+        aEvent->ignore();
+        return;
+    }
+    QSettings settings;
+    settings.setValue(kGeometryKey, saveGeometry());
+    settings.setValue(kStateKey, saveState());
+    QMainWindow::closeEvent(aEvent);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* aEvent)
+{
+    if (!FileCommands::draggedFile(aEvent->mimeData()).isEmpty())
+        aEvent->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* aEvent)
+{
+    const QString path = FileCommands::draggedFile(aEvent->mimeData());
+    if (path.isEmpty())
+        return;
+    aEvent->acceptProposedAction();
+    // Opening may ask something, and the program the file comes from waits until the drop is over.
+    QMetaObject::invokeMethod(
+        this, [this, path] { theFiles->open(path); }, Qt::QueuedConnection);
+}

@@ -1,0 +1,132 @@
+#include "StatusInfo.h"
+
+#include "CalibrationCommands.h"
+#include "CalibrationTool.h"
+#include "LmCvEditor.h"
+#include "LmKSKernelData.h"
+#include "Media.h"
+
+#include <QLabel>
+#include <QLocale>
+#include <QStatusBar>
+#include <QToolButton>
+
+StatusInfo::StatusInfo(QStatusBar& aBar, const LmCvEditor& aEditor, const Media& aMedia,
+                       const CalibrationTool& aTool, QObject* aParent)
+    : QObject(aParent), theEditor(aEditor), theMedia(aMedia), theCalibrationTool(aTool),
+      theHint(new QLabel(&aBar))
+{
+    theHint->setObjectName(QStringLiteral("hint"));
+    theHint->setAccessibleName(tr("What to do next"));
+    theHint->setTextFormat(Qt::PlainText);
+    // A long hint is cut off rather than making the window wider.
+    theHint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    aBar.addWidget(theHint, 1);
+    thePosition =
+        addField(aBar, QStringLiteral("position"), tr("Position"), tr("%1, %2 px").arg(88888).arg(88888));
+    theColor = addField(aBar, QStringLiteral("pixelColor"), tr("Color of the pixel"),
+                        QStringLiteral("R 888  G 888  B 888"));
+    theZoom = addField(aBar, QStringLiteral("zoom"), tr("Zoom"), QStringLiteral("8888 %"));
+    theCalibration = addField(aBar, QStringLiteral("calibration"), tr("Calibration"), QString());
+    theFrame = addField(aBar, QStringLiteral("frame"), tr("Frame"), QString());
+
+    connect(&aEditor, &LmCvEditor::signalPointerMoved, this, &StatusInfo::showPointer);
+    connect(&aEditor, &LmCvEditor::signalPointerLeft, this, &StatusInfo::hidePointer);
+    connect(&aEditor, &LmCvEditor::signalZoomChanged, this, &StatusInfo::showZoom);
+    connect(&aEditor, &LmCvEditor::signalCurrentManipulatorChanged, this, &StatusInfo::updateHint);
+    connect(&aTool, &CalibrationTool::hintChanged, this, &StatusInfo::updateHint);
+    connect(&theMedia, &Media::opened, this, &StatusInfo::updateHint);
+    connect(&theMedia, &Media::opened, this, &StatusInfo::updateFrame);
+    connect(&theMedia, &Media::frameShown, this, &StatusInfo::updateFrame);
+    showZoom(aEditor.zoom());
+    updateCalibration();
+    updateFrame();
+    updateHint();
+}
+
+QLabel* StatusInfo::addField(QStatusBar& aBar, const QString& aName, const QString& aTitle,
+                             const QString& aWidestText)
+{
+    auto* label = new QLabel(&aBar);
+    label->setObjectName(aName);
+    label->setAccessibleName(aTitle);
+    label->setToolTip(aTitle);
+    label->setTextFormat(Qt::PlainText);
+    // The widest usual text has its room from the start, so that the fields don't dance.
+    const int gap = label->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    label->setContentsMargins(gap, 0, gap, 0);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(aWidestText) + 2 * gap);
+    aBar.addPermanentWidget(label);
+    return label;
+}
+
+QString StatusInfo::hint() const
+{
+    if (!theMedia.isOpen())
+        return tr("Open a picture or a project, or drop one here.");
+    if (theCalibrationTool.isRunning())
+        return theCalibrationTool.hint();
+    const LmCvManipulator* tool = theEditor.theCurrentManipulator;
+    if (tool && tool->theToolButton)
+        return tool->theToolButton->whatsThis();
+    return tr("Click an object to select it, drag to select several; right click for more.");
+}
+
+void StatusInfo::updateHint()
+{
+    theHint->setText(hint());
+    theHint->setToolTip(hint());
+}
+
+QString StatusInfo::positionText(const QPoint& aImagePoint)
+{
+    QString text = tr("%1, %2 px").arg(aImagePoint.x()).arg(aImagePoint.y());
+    QString unit;
+    const double step = LmKSKernelData::getInstance()->currentStep(unit);
+    if (step > 0.0) {
+        const QLocale locale;
+        text += tr(" (%1, %2 %3)")
+                    .arg(locale.toString(aImagePoint.x() / step, 'f', 2),
+                         locale.toString(aImagePoint.y() / step, 'f', 2), unit);
+    }
+    return text;
+}
+
+void StatusInfo::showPointer(const QPoint& aCanvasPoint)
+{
+    const QPoint imagePoint = aCanvasPoint + LmKSKernelData::getInstance()->origin();
+    thePointer = aCanvasPoint;
+    thePointerInside =
+        QRect(QPoint(), LmKSKernelData::getInstance()->getCurrentImageSize()).contains(imagePoint);
+    thePosition->setText(thePointerInside ? positionText(imagePoint) : QString());
+    theColor->setText(thePointerInside ? theMedia.colorText(imagePoint) : QString());
+}
+
+void StatusInfo::hidePointer()
+{
+    thePointerInside = false;
+    thePosition->clear();
+    theColor->clear();
+}
+
+void StatusInfo::showZoom(double aZoom)
+{
+    const double percent = aZoom * 100.0;
+    theZoom->setText(tr("%1 %").arg(QLocale().toString(percent, 'f', percent < 10.0 ? 1 : 0)));
+}
+
+void StatusInfo::updateCalibration()
+{
+    theCalibration->setText(theMedia.isOpen() ? CalibrationCommands::description() : QString());
+    if (thePointerInside)
+        showPointer(thePointer);
+}
+
+void StatusInfo::updateFrame()
+{
+    const bool several = theMedia.frameCount() > 1;
+    theFrame->setText(several ? tr("Frame %1 of %2").arg(theMedia.frame() + 1).arg(theMedia.frameCount())
+                              : QString());
+    theFrame->setVisible(several);
+    updateCalibration();
+}

@@ -1,0 +1,37 @@
+#ifndef VIEWZOOM_H
+#define VIEWZOOM_H
+
+#include <QObject>
+
+class LmCvEditor;
+
+/// The zoom commands of the view. Once fitted, the picture stays fitted when the window changes its size,
+/// until the user zooms in another way.
+class ViewZoom : public QObject
+{
+    Q_OBJECT
+
+public:
+    ViewZoom(LmCvEditor& aEditor, QObject* aParent);
+
+    bool isFitting() const { return theFitting; }
+
+public Q_SLOTS:
+    void fit();
+    void one();
+    void in() { step(1); }
+    void out() { step(-1); }
+
+protected:
+    bool eventFilter(QObject* aObject, QEvent* aEvent) override;
+
+private:
+    void step(int aSteps);
+    void zoomChanged();
+
+    LmCvEditor& theEditor;
+    bool theFitting = false;
+    bool theSelfChange = false; // the zoom is being changed by fit()
+};
+
+#endif
