@@ -53,23 +53,36 @@ void ModalAnswer::look()
     QWidget* dialog = QApplication::activeModalWidget();
     if (!dialog || !dialog->isVisible())
         return;
-    if (dialog == theAnswered) {
-        if (++theTurnsOpen < kTurnsToClose)
-            return;
-        fail(QStringLiteral("the answer left the dialog \"%1\" open").arg(dialog->windowTitle()));
-        dialog->close();
-        return;
-    }
-    if (theAnswers.isEmpty()) {
-        const auto* box = qobject_cast<QMessageBox*>(dialog);
-        fail(QStringLiteral("unexpected dialog \"%1\" %2")
-                 .arg(dialog->windowTitle(), box ? box->text() : QString()));
-        dialog->close();
-        return;
-    }
-    theAnswered = dialog;
+    if (theAnswered.contains(dialog))
+        closeLate(dialog);
+    else
+        give(dialog);
+}
+
+void ModalAnswer::give(QWidget* aDialog)
+{
+    theAnswered.append(aDialog);
     theTurnsOpen = 0;
-    theAnswers.takeFirst()(dialog);
+    if (theAnswers.isEmpty()) {
+        const auto* box = qobject_cast<QMessageBox*>(aDialog);
+        fail(QStringLiteral("unexpected dialog \"%1\" %2")
+                 .arg(aDialog->windowTitle(), box ? box->text() : QString()));
+        aDialog->close();
+        return;
+    }
+    // Outside the timer's turn: a timer stands still while its own slot runs, and the answer may open a
+    // dialog.
+    const Answer answer = theAnswers.takeFirst();
+    QMetaObject::invokeMethod(
+        aDialog, [answer, aDialog] { answer(aDialog); }, Qt::QueuedConnection);
+}
+
+void ModalAnswer::closeLate(QWidget* aDialog)
+{
+    if (++theTurnsOpen < kTurnsToClose)
+        return;
+    fail(QStringLiteral("the answer left the dialog \"%1\" open").arg(aDialog->windowTitle()));
+    aDialog->close();
 }
 
 void ModalAnswer::fail(const QString& aReason) const

@@ -44,10 +44,12 @@ public:
 
 private:
     void look();
+    void give(QWidget* aDialog);
+    void closeLate(QWidget* aDialog);
     void fail(const QString& aReason) const;
 
     QList<Answer> theAnswers;
-    QPointer<QWidget> theAnswered; // has had its answer and has to close
+    QList<QPointer<QWidget>> theAnswered; // have had their answers and have to close
     int theTurnsOpen = 0;
     QTimer theTimer;
 };

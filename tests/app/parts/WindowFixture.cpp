@@ -37,10 +37,19 @@ void WindowFixture::startWindow()
     theWindow = std::make_unique<MainWindow>();
     theWindow->resize(900, 700);
     theWindow->show();
-    QApplication::setActiveWindow(theWindow.get());
-    if (!QTest::qWaitForWindowActive(theWindow.get()))
-        QTest::qFail("the window didn't come up", __FILE__, __LINE__);
+    activate();
     editor().setFocus();
+}
+
+void WindowFixture::activate()
+{
+    // The change of focus that a closed menu brings about may still be under way.
+    QCoreApplication::processEvents();
+    if (theWindow->isActiveWindow())
+        return;
+    theWindow->activateWindow();
+    if (!QTest::qWaitForWindowActive(theWindow.get()))
+        QTest::qFail("the window didn't become the active one", __FILE__, __LINE__);
 }
 
 void WindowFixture::restart()
@@ -107,7 +116,9 @@ void WindowFixture::drag(const QPoint& aFrom, const QPoint& aTo, Qt::KeyboardMod
 
 void WindowFixture::key(Qt::Key aKey, Qt::KeyboardModifiers aModifiers)
 {
-    QTest::keyClick(editor().window()->windowHandle(), aKey, aModifiers);
+    // A dialog or menu that closed may have left no window active, and shortcuts need one.
+    activate();
+    QTest::keyClick(theWindow->windowHandle(), aKey, aModifiers);
 }
 
 QMenu* WindowFixture::contextMenu(const QPoint& aCanvasPoint)

@@ -58,6 +58,7 @@ public:
 
 private:
     void startWindow();
+    void activate();
     void send(QEvent::Type aType, const QPoint& aCanvasPoint, Qt::MouseButton aButton,
               Qt::KeyboardModifiers aModifiers);
 
