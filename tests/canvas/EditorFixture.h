@@ -17,6 +17,8 @@
 /// The kernel lives as long as the process; everything put into it goes with the fixture.
 struct EditorFixture
 {
+    static constexpr QPoint kEmpty{300, 200}; // no item of the tests stands here
+
     EditorFixture();
     ~EditorFixture();
 

@@ -95,10 +95,14 @@ bool ProbeTool::abortAction()
     return std::exchange(theHasAction, false);
 }
 
+QString ProbeTool::noted(const char* aWhat, const QPoint& aPoint)
+{
+    return QStringLiteral("%1 %2,%3").arg(QLatin1String(aWhat)).arg(aPoint.x()).arg(aPoint.y());
+}
+
 void ProbeTool::note(const char* aWhat, QMouseEvent* aEvent, bool aAccept)
 {
-    theEvents
-        << QStringLiteral("%1 %2,%3").arg(QLatin1String(aWhat)).arg(aEvent->pos().x()).arg(aEvent->pos().y());
+    theEvents << noted(aWhat, aEvent->pos());
     theLastButtons = aEvent->buttons();
     theLastButton = aEvent->button();
     aEvent->setAccepted(aAccept);

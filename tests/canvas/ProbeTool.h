@@ -47,6 +47,9 @@ public:
     LmKernelObjectData* record(int aIdx) const;
     QPoint recordedPos(int aIdx) const;
 
+    /// How an event is noted.
+    static QString noted(const char* aWhat, const QPoint& aPoint);
+
     using LmCvManipulator::connectKernel;
     using LmCvManipulator::makeItemCurrent;
     using LmCvManipulator::prepareItem;
