@@ -15,7 +15,7 @@ namespace {
 
 // Viewport pixels that an item's pen may reach beyond its area: half of a 2 pixel pen, its square cap or
 // join, and one pixel of rounding on each side.
-constexpr int kPenReach = 4;
+constexpr QMargins kPenReach(4, 4, 4, 4);
 
 // Beyond this number of waiting rectangles the whole viewport is repainted at once.
 constexpr qsizetype kMaxRepaintsWaiting = 256;
@@ -162,8 +162,8 @@ void Q3CanvasView::paintEvent(QPaintEvent* aEvent)
         const QTransform toPlane = toView.inverted();
         QRegion exposed;
         for (const QRect& rect : aEvent->region())
-            exposed += CanvasPlane::alignedOut(toPlane.mapRect(
-                CanvasPlane::exact(rect.adjusted(-kPenReach, -kPenReach, kPenReach, kPenReach))));
+            exposed +=
+                CanvasPlane::alignedOut(toPlane.mapRect(CanvasPlane::exact(rect.marginsAdded(kPenReach))));
         painter.setWorldTransform(toView);
         theCanvas->drawArea(exposed, painter);
         painter.resetTransform();
@@ -210,17 +210,15 @@ void Q3CanvasView::repaintCanvas(const QList<QRect>& aCanvasRects)
     QRegion dirty;
     for (const QRect& rect : aCanvasRects) {
         const QRectF mapped = toView.mapRect(CanvasPlane::exact(rect));
-        const QRectF grown = mapped.adjusted(-kPenReach, -kPenReach, kPenReach, kPenReach) & seen;
+        const QRectF grown = mapped.marginsAdded(kPenReach) & seen;
         if (!grown.isEmpty())
             dirty += CanvasPlane::alignedOut(grown);
     }
     if (dirty.isEmpty())
         return;
     theRepaintsWaiting += dirty.rectCount();
-    if (theRepaintsWaiting > kMaxRepaintsWaiting)
-        viewport()->update();
-    else
-        viewport()->update(dirty);
+    const bool all = theRepaintsWaiting > kMaxRepaintsWaiting;
+    viewport()->update(all ? QRegion(viewport()->rect()) : dirty);
 }
 
 void Q3CanvasView::repaintAll()

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void itemMovedWithoutAWordLeavesNoGhost();
     void hiddenAndDeletedItemsVanish();
     void zChangeIsSeen();
+    void invalidatedItemIsRepaintedBeforeItsUpdate();
     void nothingIsRepaintedWithoutCanvasUpdate();
     void manyUpdatesBecomeOnePaint();
     void manyChangesEqualAFullRepaint();
@@ -117,6 +118,18 @@ void TestCanvasViewPainting::zChangeIsSeen()
     first->setZ(1.0);
     canvas.update();
     QCOMPARE(shown(view).pixelColor(kPlace.center()), QColor(Qt::red));
+}
+
+void TestCanvasViewPainting::invalidatedItemIsRepaintedBeforeItsUpdate()
+{
+    Q3Canvas canvas(400, 300);
+    auto* item = new Block(kPlace, Qt::red, &canvas);
+    WatchedView view(&canvas);
+    showAt(view, QSize(400, 300));
+    item->invalidate();
+    item->theColor = Qt::blue;
+    canvas.update();
+    QCOMPARE(shown(view).pixelColor(kPlace.center()), QColor(Qt::blue));
 }
 
 void TestCanvasViewPainting::nothingIsRepaintedWithoutCanvasUpdate()

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void foregroundStaysWhileScrolling();
     void scrollBarsShowOnlyWhenNeeded();
     void scrollRangeReachesTheLastPixel();
+    void scrollRangeForeseesTheBarsThatAreToCome();
     void turnedCanvasIsWhollyReachable();
     void ensureVisibleScrollsAsLittleAsPossible();
 };
@@ -170,6 +171,19 @@ void TestCanvasViewScrolling::scrollRangeReachesTheLastPixel()
     QCOMPARE(view.visibleCanvasRect().bottomRight(), canvas.rect().bottomRight());
     view.scrollBy(QPoint(-100000, -100000));
     QCOMPARE(view.toViewport(QPointF(0, 0)), QPointF(0, 0));
+}
+
+void TestCanvasViewScrolling::scrollRangeForeseesTheBarsThatAreToCome()
+{
+    Q3Canvas canvas(300, 200);
+    WatchedView view(&canvas);
+    showAt(view, QSize(300, 200));
+    QVERIFY(view.setWorldMatrix(QTransform::fromScale(2.0, 2.0)));
+    view.scrollBy(QPoint(100000, 100000));
+    QCoreApplication::processEvents();
+    QVERIFY(view.viewport()->width() < 300 && view.viewport()->height() < 200);
+    QCOMPARE(view.toViewport(QPointF(300, 200)),
+             QPointF(view.viewport()->width(), view.viewport()->height()));
 }
 
 void TestCanvasViewScrolling::turnedCanvasIsWhollyReachable()
