@@ -86,7 +86,7 @@ QString CalibrationCommands::description()
     const double pixel = Calibration::pixelSize(data);
     if (pixel <= 0.0)
         return tr("Not calibrated");
-    return tr("%1: 1 px = %2 %3").arg(name, Calibration::numberText(pixel), data.theUnit);
+    return tr("1 px = %1 %2").arg(Calibration::numberText(pixel), data.theUnit);
 }
 
 void CalibrationCommands::calibrateByLength()

@@ -78,8 +78,12 @@ MainWindow::~MainWindow()
 
 bool MainWindow::openAtStart(const QString& aPathOrEmpty)
 {
-    const QString path = aPathOrEmpty.isEmpty() ? SampleFile::find() : aPathOrEmpty;
-    return !path.isEmpty() && theFiles->open(path);
+    if (!aPathOrEmpty.isEmpty())
+        return theFiles->open(aPathOrEmpty);
+    // The user didn't choose the sample, so it isn't remembered among the recent files.
+    const QString sample = SampleFile::find();
+    QString error;
+    return !sample.isEmpty() && theBench.document().open(sample, error);
 }
 
 void MainWindow::connectFileActions()
@@ -141,11 +145,14 @@ void MainWindow::addDocks()
     auto* history = new UndoDock(theBench.undoStack(), this);
     addDockWidget(Qt::RightDockWidgetArea, history);
     history->hide();
+    history->toggleViewAction()->setShortcut(QKeySequence(tr("Ctrl+Shift+H")));
+    history->toggleViewAction()->setStatusTip(tr("Shows or hides the list of all changes"));
+    theActions.theMainBar->toggleViewAction()->setStatusTip(tr("Shows or hides the main tool bar"));
+    theActions.theToolBar->toggleViewAction()->setStatusTip(
+        tr("Shows or hides the bar of the measuring tools"));
     theActions.theViewMenu->addActions({history->toggleViewAction(),
                                         theActions.theMainBar->toggleViewAction(),
                                         theActions.theToolBar->toggleViewAction()});
-    history->toggleViewAction()->setShortcut(QKeySequence(tr("Ctrl+Shift+H")));
-    history->toggleViewAction()->setStatusTip(tr("Shows or hides the list of all changes"));
 }
 
 void MainWindow::restoreLayout()

@@ -2,6 +2,7 @@
 
 #include "CalibrationCommands.h"
 #include "CalibrationTool.h"
+#include "ElidedLabel.h"
 #include "LmCvEditor.h"
 #include "LmKSKernelData.h"
 #include "Media.h"
@@ -14,13 +15,10 @@
 StatusInfo::StatusInfo(QStatusBar& aBar, const LmCvEditor& aEditor, const Media& aMedia,
                        const CalibrationTool& aTool, QObject* aParent)
     : QObject(aParent), theEditor(aEditor), theMedia(aMedia), theCalibrationTool(aTool),
-      theHint(new QLabel(&aBar))
+      theHint(new ElidedLabel(&aBar))
 {
     theHint->setObjectName(QStringLiteral("hint"));
     theHint->setAccessibleName(tr("What to do next"));
-    theHint->setTextFormat(Qt::PlainText);
-    // A long hint is cut off rather than making the window wider.
-    theHint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     aBar.addWidget(theHint, 1);
     thePosition =
         addField(aBar, QStringLiteral("position"), tr("Position"), tr("%1, %2 px").arg(88888).arg(88888));
@@ -117,7 +115,10 @@ void StatusInfo::showZoom(double aZoom)
 
 void StatusInfo::updateCalibration()
 {
+    QString name;
+    LmKSKernelData::getInstance()->getCurrentCalibData(name);
     theCalibration->setText(theMedia.isOpen() ? CalibrationCommands::description() : QString());
+    theCalibration->setToolTip(name.isEmpty() ? tr("Calibration") : tr("Calibration: %1").arg(name));
     if (thePointerInside)
         showPointer(thePointer);
 }

@@ -121,7 +121,7 @@ void WindowActions::makeToolActions()
                          tr("Calibrates the picture: click both ends of something whose length is known"));
     theKnownLength->setCheckable(true);
     thePixelSize =
-        add(QStringLiteral("pixel-size"), tr("By the Size of a &Pixel..."), QKeySequence(tr("Ctrl+P")),
+        add(QStringLiteral("pixel-size"), tr("By the Size of a &Pixel..."), QKeySequence(tr("Ctrl+Shift+P")),
             tr("Calibrates the picture by a pixel size that is known"));
     theCalibrations = add(QStringLiteral("calibrations"), tr("&Manage Calibrations..."),
                           QKeySequence(tr("Ctrl+Shift+K")), tr("Switches, renames and removes calibrations"));

@@ -3,7 +3,9 @@
 #include "LmCvManipulator.h"
 #include "LmCvSelection.h"
 #include "MadeFiles.h"
+#include "Media.h"
 #include "ModalAnswer.h"
+#include "SampleFile.h"
 #include "Sentence.h"
 #include "TestFont.h"
 #include "WindowFixture.h"
@@ -31,6 +33,7 @@ private Q_SLOTS:
     void emptyWindowTellsWhatToDoAndOffersNoTool();
     void undoAndRedoGoBothWaysAndNameTheStep();
     void clickInTheHistoryGoesBack();
+    void startWithoutAFileShowsTheSampleAndDoesNotRememberIt();
     void deleteRemovesTheSelectedObjectsAsOneStep();
     void statusBarTellsPlaceColourZoomAndHint();
     void colourForNewObjectsIsUsedAndKept();
@@ -173,6 +176,15 @@ void TestMainWindow::statusBarTellsPlaceColourZoomAndHint()
     QCOMPARE(status(fixture, "zoom"), QStringLiteral("100 %"));
     fixture.pickDistance();
     QCOMPARE(status(fixture, "hint"), fixture.distanceTool()->theToolButton->whatsThis());
+}
+
+void TestMainWindow::startWithoutAFileShowsTheSampleAndDoesNotRememberIt()
+{
+    WindowFixture fixture(WindowFixture::kEmpty);
+    const QString sample = SampleFile::find();
+    QCOMPARE(fixture.window().openAtStart(QString()), !sample.isEmpty());
+    QCOMPARE(fixture.bench().media().path(), sample);
+    QVERIFY(!fixture.actions().theRecentMenu->isEnabled());
 }
 
 static ModalAnswer::Answer pickColor(const QColor& aColor)
