@@ -59,18 +59,6 @@ QStringList names()
     return LmKSKernelData::getInstance()->calibrations().keys();
 }
 
-QPoint snapped(const QPoint& aAnchor, const QPoint& aPoint)
-{
-    constexpr double kEighth = M_PI / 4.0;
-    const QPoint way = aPoint - aAnchor;
-    const double angle = std::round(std::atan2(way.y(), way.x()) / kEighth) * kEighth;
-    // Both parts are -1, 0 or 1.
-    const QPoint direction(qRound(std::cos(angle)), qRound(std::sin(angle)));
-    const double steps =
-        double(QPoint::dotProduct(way, direction)) / QPoint::dotProduct(direction, direction);
-    return aAnchor + direction * qRound(steps);
-}
-
 double numberFromText(const QString& aText)
 {
     bool ok = false;

@@ -3,7 +3,6 @@
 
 #include "LmCalibData.h"
 
-#include <QPoint>
 #include <QStringList>
 
 /// The arithmetic of calibrating. A calibration holds how wide the picture is in a unit; people know how long
@@ -24,10 +23,6 @@ double pixelSize(const LmCalibData& aData);
 QString freeName();
 /// The names of all calibrations in the order in which they are shown.
 QStringList names();
-
-/// The point nearest to aPoint, in whole pixels, that lies from aAnchor in the nearest of the eight main
-/// directions.
-QPoint snapped(const QPoint& aAnchor, const QPoint& aPoint);
 
 /// A number as a person types it, in the way of the locale or with a decimal point or comma; 0 for no number.
 double numberFromText(const QString& aText);

@@ -1,8 +1,9 @@
 #include "CalibrationTool.h"
 
-#include "Calibration.h"
 #include "CalibrationLine.h"
+#include "CanvasEvent.h"
 #include "LmCvEditor.h"
+#include "SegmentGeometry.h"
 
 #include <QMouseEvent>
 
@@ -84,8 +85,8 @@ void CalibrationTool::mouseMoveEvent(QMouseEvent* aEvent)
     aEvent->accept();
     if (theState != kWantSecond)
         return;
-    const bool snap = aEvent->modifiers() & Qt::ShiftModifier;
-    theLine->setEnd(snap ? Calibration::snapped(theLine->startPoint(), aEvent->pos()) : aEvent->pos());
+    const bool snap = CanvasEvent::holds(*aEvent, Qt::ShiftModifier);
+    theLine->setEnd(snap ? SegmentGeometry::snapped(theLine->startPoint(), aEvent->pos()) : aEvent->pos());
     theCvEditor->getCanvas()->update();
 }
 

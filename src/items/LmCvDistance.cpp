@@ -1,5 +1,6 @@
 #include "LmCvDistance.h"
 
+#include "CanvasEvent.h"
 #include "PointMath.h"
 #include "SegmentGeometry.h"
 #include "TurnedLabel.h"
@@ -222,7 +223,7 @@ void LmCvDistance::mouseMoveEvent(QMouseEvent* aEvent, QPoint& aPoint)
     }
     if (!theDragging)
         return;
-    if (hasModifier(aEvent, Qt::ShiftModifier))
+    if (CanvasEvent::holds(*aEvent, Qt::ShiftModifier))
         aPoint = SegmentGeometry::snapped(theDragPoint, aPoint);
     if (theDragPoint == theStart)
         setPoints(theDragPoint, aPoint);

@@ -1,5 +1,6 @@
 #include "LmCvManipDist.h"
 
+#include "CanvasEvent.h"
 #include "LmCvDistance.h"
 #include "LmCvEditor.h"
 #include "LmKSKernelData.h"
@@ -116,7 +117,7 @@ void LmCvManipDist::mouseMoveEvent(QMouseEvent* aEvent)
         return;
     }
     QPoint point = aEvent->pos();
-    if (hasModifier(aEvent, Qt::ShiftModifier))
+    if (CanvasEvent::holds(*aEvent, Qt::ShiftModifier))
         point = SegmentGeometry::snapped(thePressPoint, point);
     theCurrent->setPoints(thePressPoint, point);
     updateDisplayValue(theCurrent, theLastUsedValueName, false, true);

@@ -9,11 +9,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRandomGenerator>
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include <cmath>
 
 /// The arithmetic of calibrating, and the dialog that asks for the number.
 class TestCalibration : public QObject
@@ -29,7 +27,6 @@ private Q_SLOTS:
     void calibScaleDoesNotChangeWhatAPixelIs();
     void degenerateInputIsNotUsable();
     void freeNameIsNotTaken();
-    void snappedPointLiesInTheNearestOfEightDirections();
     void numberIsReadAsPeopleTypeIt_data();
     void numberIsReadAsPeopleTypeIt();
     void dialogAcceptsOnlyWhatCalibrates_data();
@@ -115,31 +112,6 @@ void TestCalibration::freeNameIsNotTaken()
     kernel().setCalibration(QStringLiteral("Calibration 1"), LmCalibData{1.0, QString()});
     kernel().setCalibration(QStringLiteral("Calibration 3"), LmCalibData{1.0, QString()});
     QCOMPARE(Calibration::freeName(), QStringLiteral("Calibration 2"));
-}
-
-void TestCalibration::snappedPointLiesInTheNearestOfEightDirections()
-{
-    const quint32 seed = QRandomGenerator::global()->generate();
-    qInfo("seed %u", seed);
-    QRandomGenerator random(seed);
-    for (int round = 0; round < 2000; ++round) {
-        const QPoint anchor(random.bounded(-500, 500), random.bounded(-500, 500));
-        const QPoint point(random.bounded(-500, 500), random.bounded(-500, 500));
-        const QPoint snapped = Calibration::snapped(anchor, point);
-        const QPoint way = snapped - anchor;
-        QVERIFY(way.x() == 0 || way.y() == 0 || qAbs(way.x()) == qAbs(way.y()));
-        // No whole-pixel point of the eight lines is nearer, but for the rounding.
-        double nearest = std::hypot(point.x() - anchor.x(), point.y() - anchor.y());
-        for (int length = 0; length < 1500; ++length)
-            for (const QPoint& direction : {QPoint(1, 0), QPoint(1, 1), QPoint(0, 1), QPoint(-1, 1),
-                                            QPoint(-1, 0), QPoint(-1, -1), QPoint(0, -1), QPoint(1, -1)}) {
-                const QPoint rest = point - (anchor + direction * length);
-                nearest = qMin(nearest, std::hypot(rest.x(), rest.y()));
-            }
-        const QPoint rest = point - snapped;
-        QVERIFY(std::hypot(rest.x(), rest.y()) <= nearest + 1.0);
-    }
-    QCOMPARE(Calibration::snapped(QPoint(3, 4), QPoint(3, 4)), QPoint(3, 4));
 }
 
 void TestCalibration::numberIsReadAsPeopleTypeIt_data()

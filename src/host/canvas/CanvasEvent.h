@@ -19,9 +19,10 @@ inline QMouseEvent press(const QMouseEvent& aEvent, const QPoint& aCanvasPoint, 
                        aEvent.buttons() | aButton, aEvent.modifiers(), aEvent.pointingDevice());
 }
 
+/// Whether the event carries the modifier, in the union of buttons and modifiers after the event.
 inline bool holds(const QMouseEvent& aEvent, Qt::KeyboardModifier aModifier)
 {
-    return aEvent.modifiers().testFlag(aModifier);
+    return ((uint(aEvent.buttons()) | uint(aEvent.modifiers())) & uint(aModifier)) != 0;
 }
 
 } // namespace CanvasEvent

@@ -3,6 +3,7 @@
 #include "LmCvEditor.h"
 #include "LmCvObject.h"
 #include "LmKSKernelData.h"
+#include "Q3PointArray.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -22,6 +23,17 @@ QString objectText(int aType, int aIdx)
     LmCvManipulator* tool = LmKSKernelData::getInstance()->getCvManipulator(aType);
     const QString name = tool ? tool->getObjectName(aIdx) : QString();
     return name + QLatin1Char(' ') + QString::number(aIdx);
+}
+
+/// The kernel stores point lists as QPolygon; tools may write and read them as Q3PointArray.
+void bridgePolygonTypes()
+{
+    if (QMetaType::hasRegisteredConverterFunction<Q3PointArray, QPolygon>())
+        return;
+    QMetaType::registerConverter<Q3PointArray, QPolygon>(
+        [](const Q3PointArray& aPoints) { return static_cast<const QPolygon&>(aPoints); });
+    QMetaType::registerConverter<QPolygon, Q3PointArray>(
+        [](const QPolygon& aPolygon) { return Q3PointArray(aPolygon); });
 }
 
 } // namespace
@@ -49,6 +61,7 @@ void LmCvManipulator::initMembers()
     theKernelData = LmKSKernelData::getInstance();
     theKernel = theKernelData;
     theKernelData->setObjectNamer(&objectText);
+    bridgePolygonTypes();
 }
 
 void LmCvManipulator::initManipulator(QToolBar* aToolBar)

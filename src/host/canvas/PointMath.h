@@ -1,7 +1,6 @@
 #ifndef POINTMATH_H
 #define POINTMATH_H
 
-#include <QMouseEvent>
 #include <QPoint>
 
 /// Integer points without overflow: sums beyond the int range stay at its end.
@@ -22,8 +21,5 @@ QPoint cut(double aX, double aY);
 QPoint nearby(const QPoint& aPoint);
 
 } // namespace PointMath
-
-/// Whether a mouse event carries the modifier, in its buttons or modifiers after the event.
-bool hasModifier(const QMouseEvent* aEvent, Qt::KeyboardModifier aModifier);
 
 #endif

@@ -43,8 +43,3 @@ QPoint PointMath::nearby(const QPoint& aPoint)
     constexpr int kReach = 1 << 29;
     return QPoint(clamped(aPoint.x(), -kReach, kReach), clamped(aPoint.y(), -kReach, kReach));
 }
-
-bool hasModifier(const QMouseEvent* aEvent, Qt::KeyboardModifier aModifier)
-{
-    return ((uint(aEvent->buttons()) | uint(aEvent->modifiers())) & uint(aModifier)) != 0;
-}
