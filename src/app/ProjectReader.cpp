@@ -109,6 +109,7 @@ bool ProjectReader::checkStructure(const QByteArray& aBytes)
 {
     QXmlStreamReader reader(aBytes);
     int depth = 0;
+    bool rootSeen = false;
     while (!reader.atEnd()) {
         const QXmlStreamReader::TokenType token = reader.readNext();
         if (token == QXmlStreamReader::DTD)
@@ -119,6 +120,7 @@ bool ProjectReader::checkStructure(const QByteArray& aBytes)
             continue;
         if (depth == 0 && !checkRoot(reader))
             return false;
+        rootSeen = true;
         if (++depth > kMaxDepth)
             return damaged(tr("line %1: its elements lie too deep").arg(reader.lineNumber()));
     }
@@ -127,7 +129,7 @@ bool ProjectReader::checkStructure(const QByteArray& aBytes)
     return damaged(tr("line %1, column %2: %3")
                        .arg(reader.lineNumber())
                        .arg(reader.columnNumber())
-                       .arg(reader.errorString()));
+                       .arg(rootSeen ? reader.errorString() : tr("this is no XML")));
 }
 
 bool ProjectReader::checkRoot(QXmlStreamReader& aReader)

@@ -87,7 +87,7 @@ void TestBadProjects::badFileIsRefused_data()
     QTest::newRow("empty") << QByteArray() << QStringLiteral("it is empty");
     QTest::newRow("text") << QByteArray("Dear reader,\nthis is a letter.\n")
                           << QStringLiteral("line 1, column");
-    QTest::newRow("binary") << QByteArray("\x89PNG\0\xff\xfe", 7) << QStringLiteral("line 1, column");
+    QTest::newRow("binary") << QByteArray("\x89PNG\0\xff\xfe", 7) << QStringLiteral("no XML");
     QTest::newRow("not closed") << QByteArray("<measuretools version=\"1\">\n<objects>\n")
                                 << QStringLiteral("line 3, column");
     QTest::newRow("another root") << QByteArray("<svg version=\"1\"/>") << QStringLiteral("is no project");
