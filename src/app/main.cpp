@@ -53,6 +53,7 @@ int main(int aCount, char* aArguments[])
 {
     // The labels ask for a font that few systems have.
     QFont::insertSubstitution(QStringLiteral("Lucida Grande"), QStringLiteral("DejaVu Sans"));
+    QCoreApplication::setOrganizationName(QStringLiteral("MeasureTools"));
     QCoreApplication::setApplicationName(QStringLiteral("measuretools"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MEASURETOOLS_VERSION));
 

@@ -12,7 +12,6 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-
 /// The arithmetic of calibrating, and the dialog that asks for the number.
 class TestCalibration : public QObject
 {

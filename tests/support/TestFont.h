@@ -10,15 +10,15 @@ void useTestFont();
 QString resolvedLabelFamily();
 
 /// Like QTEST_MAIN, with the label font set up first.
-#define MEASURE_TEST_MAIN(TestClass)                                                                                   \
-    int main(int aCount, char* aArguments[])                                                                           \
-    {                                                                                                                  \
-        QApplication application(aCount, aArguments);                                                                  \
-        useTestFont();                                                                                                 \
-        if (resolvedLabelFamily() != QLatin1String("DejaVu Sans"))                                                     \
-            qFatal("the label font is missing: install fonts-dejavu-core");                                            \
-        TestClass test;                                                                                                \
-        return QTest::qExec(&test, aCount, aArguments);                                                                \
+#define MEASURE_TEST_MAIN(TestClass)                                                                         \
+    int main(int aCount, char* aArguments[])                                                                 \
+    {                                                                                                        \
+        QApplication application(aCount, aArguments);                                                        \
+        useTestFont();                                                                                       \
+        if (resolvedLabelFamily() != QLatin1String("DejaVu Sans"))                                           \
+            qFatal("the label font is missing: install fonts-dejavu-core");                                  \
+        TestClass test;                                                                                      \
+        return QTest::qExec(&test, aCount, aArguments);                                                      \
     }
 
 #endif
