@@ -43,7 +43,8 @@ private Q_SLOTS:
     void changeWritesTheVectorAtItsFrame();
     void changeTakesBackItsOwnKeyframe();
     void changeLeavesParametersWithoutAValueAlone();
-    void changeWithoutADifferenceIsNoStepButTold();
+    void changeWithoutADifferenceIsAStepAndTold();
+    void changeThatReplacesRedoableStepsCanBeUndone();
     void changeRefusesValuesOfOtherTypes();
     void colourTravelsByItsOwnSignal();
     void visibilityTravelsByItsOwnSignal();
@@ -217,21 +218,46 @@ void TestCommands::changeLeavesParametersWithoutAValueAlone()
     QCOMPARE(Fixture::dump(data()), expected);
 }
 
-void TestCommands::changeWithoutADifferenceIsNoStepButTold()
+void TestCommands::changeWithoutADifferenceIsAStepAndTold()
 {
     const QStringList before = Fixture::dumpKernel();
     QSignalSpy spy(theKernel, &LmKSKernelData::signalObjectChanged);
     theStack->push(new CmdChangeObject(kType, 1, data()->getDefaultKeyframes(), false));
-    QCOMPARE(theStack->count(), 0);
+    QCOMPARE(theStack->count(), 1);
     QCOMPARE(spy.count(), 1);
     QCOMPARE(Fixture::dumpKernel(), before);
+    theStack->undo();
+    QCOMPARE(Fixture::dumpKernel(), before);
+    QCOMPARE(spy.count(), 2);
+    theStack->redo();
+    QCOMPARE(theStack->count(), 1);
+    QCOMPARE(Fixture::dumpKernel(), before);
+    QCOMPARE(spy.count(), 3);
+}
+
+void TestCommands::changeThatReplacesRedoableStepsCanBeUndone()
+{
+    theStack->push(new CmdChangeObject(kType, 1, Fixture::vectorWith(Fixture::kVis, false), false));
+    const QStringList hidden = Fixture::dumpKernel();
+    theStack->push(new CmdChangeObject(kType, 1, Fixture::vectorWith(Fixture::kPos, QPoint(5, 6)), false));
+    theStack->undo();
+    // What could be redone goes with any push, so the push itself has to stand in its place.
+    theStack->push(new CmdChangeObject(kType, 1, data()->getDefaultKeyframes(), false));
+    QCOMPARE(theStack->count(), 2);
+    QVERIFY(theStack->canUndo());
+    QVERIFY(!theStack->canRedo());
+    theStack->undo();
+    QCOMPARE(Fixture::dumpKernel(), hidden);
+    QVERIFY(theStack->canRedo());
 }
 
 void TestCommands::changeRefusesValuesOfOtherTypes()
 {
     const QStringList before = Fixture::dumpKernel();
     theStack->push(new CmdChangeObject(kType, 1, Fixture::vectorWith(Fixture::kPos, QSize(3, 4)), false));
-    QCOMPARE(theStack->count(), 0);
+    QCOMPARE(Fixture::dumpKernel(), before);
+    QCOMPARE(theStack->count(), 1);
+    theStack->undo();
     QCOMPARE(Fixture::dumpKernel(), before);
 }
 

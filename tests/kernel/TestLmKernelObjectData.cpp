@@ -46,6 +46,8 @@ private Q_SLOTS:
     void updateWritesValidValuesAtItsFrame();
     void updateOfAFrameIsStoredInAPlainRecordToo();
     void singleKeyframeIsTheOneOfTheVector();
+    void singleKeyframeOfAPlainRecordFollowsTheKeyframes();
+    void singleKeyframeIsTheDefaultWhereNoKeyframeCounts();
     void unknownParametersAreHarmless();
     void pointListsOfOtherTypesAreStoredAsPolygons();
     void listsAreBroughtInOrder();
@@ -311,6 +313,43 @@ void TestLmKernelObjectData::singleKeyframeIsTheOneOfTheVector()
         const LmParamKeyframeVector values = theData->getKeyframesAt(frame);
         for (int i = 0; i < values.size(); ++i)
             QCOMPARE(theData->getKeyframe(unsigned(i), frame), values[i]);
+    }
+}
+
+void TestLmKernelObjectData::singleKeyframeOfAPlainRecordFollowsTheKeyframes()
+{
+    theData->storeValue(Fixture::kPos, 2, QPoint(0, 40));
+    theData->storeValue(Fixture::kPos, 6, QPoint(8, 0));
+    theData->storeValue(Fixture::kMarks, 4, polygon({{1, 1}}));
+    const auto keyframesAt = [&](long long aFrame) {
+        return QList<LmParamKeyframe>(
+            {theData->getKeyframe(Fixture::kPos, aFrame), theData->getKeyframe(Fixture::kMarks, aFrame)});
+    };
+    QCOMPARE(theData->getKeyframe(Fixture::kPos, 0).getValue(), QVariant(QPoint(0, 40)));
+    QCOMPARE(theData->getKeyframe(Fixture::kPos, 3).getValue(), QVariant(QPoint(2, 30)));
+    QCOMPARE(theData->getKeyframe(Fixture::kPos, 6).getValue(), QVariant(QPoint(8, 0)));
+    QCOMPARE(theData->getKeyframe(Fixture::kPos, LLONG_MAX).getValue(), QVariant(QPoint(8, 0)));
+    QCOMPARE(posAt(3), QPoint(100, 200)); // the vector of a plain record has the defaults
+    QList<QList<LmParamKeyframe>> plain;
+    for (long long frame = -1; frame < 9; ++frame)
+        plain.append(keyframesAt(frame));
+    theData->theAnimated = true;
+    for (long long frame = -1; frame < 9; ++frame)
+        QCOMPARE(keyframesAt(frame), plain[int(frame) + 1]);
+}
+
+void TestLmKernelObjectData::singleKeyframeIsTheDefaultWhereNoKeyframeCounts()
+{
+    theData->storeValue(Fixture::kPos, 2, QPoint(7, 7));
+    theData->storeValue(Fixture::kCol, 2, QColor(Qt::red)); // of the whole object
+    for (const bool animated : {false, true}) {
+        theData->theAnimated = animated;
+        for (const long long frame : {-1LL, -2LL, LLONG_MIN})
+            QCOMPARE(theData->getKeyframe(Fixture::kPos, frame).getValue(), QVariant(QPoint(100, 200)));
+        QCOMPARE(theData->getKeyframe(Fixture::kCol, 9).getValue().value<QColor>(), QColor(Qt::red));
+        QCOMPARE(theData->getKeyframe(Fixture::kPts, 2).getValue(),
+                 theData->storedValue(Fixture::kPts, kDefaultFrame)); // without keyframes
+        QCOMPARE(theData->getKeyframe(Fixture::kPos, 2).getFrame(), 2LL);
     }
 }
 

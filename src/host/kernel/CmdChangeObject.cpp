@@ -33,8 +33,11 @@ void CmdChangeObject::firstRedo()
 {
     LmKSKernelData* kernel = LmKSKernelData::getInstance();
     LmKernelObjectData* data = kernel->getObject(theType, theIdx);
+    setObsolete(!data);
+    if (!data)
+        return;
     const LmKernelObjectDataDescr* descriptor = kernel->getDataDescriptor(theType);
-    for (int i = 0; data && i < std::min(data->count(), theVector.size()); ++i) {
+    for (int i = 0; i < std::min(data->count(), theVector.size()); ++i) {
         const QVariant value = PolygonValue::unified(theVector[i].getValue());
         if (!value.isValid() || (descriptor && !descriptor->accepts(i, value)))
             continue;
@@ -46,8 +49,8 @@ void CmdChangeObject::firstRedo()
     }
     theVector = LmParamKeyframeVector();
     theDone = true;
-    // Told even when nothing changed, so that a view that has drifted away comes back to the record.
-    setObsolete(theChanges.empty());
+    // A step and told even when nothing changed: the stack has dropped what could be redone by now, and a
+    // view that has drifted away comes back to the record.
     kernel->announceObjectChanged(theType, theIdx);
 }
 

@@ -10,7 +10,7 @@
 
 /// Writes the valid values of a keyframe vector into a record at the vector's frame. Undo brings back what
 /// stood there, also that no keyframe stood there. Parameters of one value for the whole object are written
-/// as defaults.
+/// as defaults. On an object that the kernel knows it is always a step.
 class CmdChangeObject : public QUndoCommand
 {
 public:

@@ -48,7 +48,7 @@ LmParamKeyframeVector LmKernelObjectData::getKeyframesAt(long long aFrame) const
     LmParamKeyframeVector values(count());
     values.setFrameNumber(aFrame);
     for (int i = 0; i < count(); ++i)
-        values.setValue(i, valueAt(theParams[i], aFrame));
+        values.setValue(i, theAnimated ? valueAt(theParams[i], aFrame) : theParams[i].theDefault);
     return values;
 }
 
@@ -158,7 +158,7 @@ QLinkedList<LmParamKeyframe> LmKernelObjectData::inOrder(const QLinkedList<LmPar
 QVariant LmKernelObjectData::valueAt(const Param& aParam, long long aFrame) const
 {
     const Keyframes& keyframes = aParam.theKeyframes;
-    if (!theAnimated || aFrame < 0 || aParam.theType == ParamDescr::kWhole || keyframes.isEmpty())
+    if (aFrame < 0 || aParam.theType == ParamDescr::kWhole || keyframes.isEmpty())
         return aParam.theDefault;
     const auto earlier = keyframeUpTo(keyframes, aFrame);
     if (earlier == keyframes.cend())

@@ -28,6 +28,8 @@ public:
     /// Each parameter's value at the frame. A record that isn't animated has the same values at every frame.
     LmParamKeyframeVector getKeyframesAt(long long aFrame) const;
     LmParamKeyframeVector getDefaultKeyframes() const;
+    /// The value that the parameter's keyframes give at the frame, also in a record that isn't animated: it
+    /// keeps its keyframes, and a path read from it is the path that they describe.
     LmParamKeyframe getKeyframe(unsigned int aParam, long long aFrame) const;
     /// The parameter's keyframes over frames, without the default.
     QLinkedList<LmParamKeyframe>& getAnimationKeyframes(int aParam);
