@@ -13,6 +13,7 @@ private Q_SLOTS:
     void groupMovesAsOneStep();
     void clickOnAGroupMemberLeavesTheGroupForIt();
     void escapeBringsTheGroupBack();
+    void escapeSparesMembersThatWentWhileOthersCameBack();
     void memberThatGoesDuringTheMoveLeavesTheRestMoving();
     void deleteKeyRemovesTheGroupAsOneStep();
     void deleteWithoutTargetsDoesNothing();
@@ -35,6 +36,33 @@ void makeThree(EditorFixture& aFixture)
         aFixture.theTool.create(QPoint(x, 50));
     aFixture.theStack.clear();
 }
+
+/// Keeps its items in a list of its own and can only make all of them anew.
+class RemakingTool : public ProbeTool
+{
+public:
+    RemakingTool() : ProbeTool(nullptr, ProbeTool::kType + 2) {}
+
+    void make(const QPoint& aCorner)
+    {
+        auto* item = new ProbeItem(this, theCvEditor->canvas(), QString(), theCvEditor);
+        item->place(aCorner);
+        item->show();
+        theItems.append(item);
+    }
+    void recreateCanvasObjects(QPoint, long long, bool) override
+    {
+        ++theRemakings;
+        const QList<QPoint> corners = theCorners;
+        qDeleteAll(std::exchange(theItems, {}));
+        for (const QPoint& corner : corners)
+            make(corner);
+    }
+
+    QList<QPoint> theCorners;
+    QList<ProbeItem*> theItems; // owned by the canvas
+    int theRemakings = 0;
+};
 
 const QPoint kFirst(60, 60);
 const QPoint kSecond(110, 60);
@@ -104,6 +132,28 @@ void TestGroup::escapeBringsTheGroupBack()
     QCOMPARE(f.theTool.item(1)->theCorner, QPoint(50, 50));
     QCOMPARE(f.theTool.item(2)->theCorner, QPoint(100, 50));
     QCOMPARE(f.theStack.count(), 0);
+}
+
+void TestGroup::escapeSparesMembersThatWentWhileOthersCameBack()
+{
+    EditorFixture f;
+    RemakingTool tool;
+    tool.setCvEditor(&f.theEditor);
+    tool.initManipulator(&f.theBar);
+    tool.theCorners = {QPoint(50, 50), QPoint(100, 50)};
+    for (const QPoint& corner : tool.theCorners)
+        tool.make(corner);
+    f.drag(QPoint(40, 40), QPoint(130, 90));
+    QCOMPARE(f.theEditor.selection().items().size(), 2);
+    f.press(kFirst);
+    f.move(kFirst + QPoint(30, 70));
+    QCOMPARE(tool.theItems[1]->theCorner, QPoint(130, 120));
+    QTest::keyClick(f.theEditor.viewport(), Qt::Key_Escape);
+    f.release(kFirst + QPoint(30, 70));
+    QCOMPARE(tool.theRemakings, 1);
+    QCOMPARE(tool.theItems[0]->theCorner, QPoint(50, 50));
+    QCOMPARE(tool.theItems[1]->theCorner, QPoint(100, 50));
+    qDeleteAll(tool.theItems);
 }
 
 void TestGroup::memberThatGoesDuringTheMoveLeavesTheRestMoving()

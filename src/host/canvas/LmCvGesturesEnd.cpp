@@ -114,8 +114,10 @@ bool LmCvGestures::abort()
     }
     case kGroupDrag:
         reset();
+        // Restoring one member may make its tool replace others, which leave the group as they go.
         for (LmCvObject* member : theEditor.selection().items())
-            ItemRecord::restore(*member);
+            if (theEditor.selection().contains(member))
+                ItemRecord::restore(*member);
         break;
     case kTogglePress:
     case kGroupPress:
