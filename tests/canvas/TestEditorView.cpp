@@ -15,6 +15,7 @@ private Q_SLOTS:
     void rightButtonGoesToTheGrabberAlone();
     void menuIsForTheItemOrTheCanvas();
     void noMenuDuringAnAction();
+    void rightPressThatTheToolClaimsIsItsOwnAndOpensNoMenu();
 
     // Panning and zooming.
     void middleButtonPans();
@@ -89,6 +90,30 @@ void TestEditorView::noMenuDuringAnAction()
     f.press(EditorFixture::kEmpty, Qt::RightButton);
     f.contextMenu(EditorFixture::kEmpty);
     f.release(EditorFixture::kEmpty, Qt::RightButton);
+    QCOMPARE(menu.count(), 1);
+}
+
+void TestEditorView::rightPressThatTheToolClaimsIsItsOwnAndOpensNoMenu()
+{
+    EditorFixture f;
+    ProbeItem* item = f.theTool.create(QPoint(50, 50));
+    QSignalSpy menu(&f.theEditor, &LmCvEditor::signalContextMenu);
+    f.theEditor.setCurrentManipulator(&f.theTool);
+    f.theTool.theClaims = true;
+    f.press(QPoint(60, 60), Qt::RightButton);
+    QCOMPARE(f.theTool.theClaimedHit, item);
+    QCOMPARE(f.theTool.theLastButton, Qt::RightButton);
+    f.release(QPoint(60, 60), Qt::RightButton);
+    f.contextMenu(QPoint(60, 60));
+    QCOMPARE(f.theTool.theEvents, (QStringList{ProbeTool::noted("press", QPoint(60, 60)),
+                                               ProbeTool::noted("release", QPoint(60, 60))}));
+    QCOMPARE(menu.count(), 0);
+
+    f.theTool.theClaims = false;
+    f.press(QPoint(60, 60), Qt::RightButton);
+    f.release(QPoint(60, 60), Qt::RightButton);
+    f.contextMenu(QPoint(60, 60));
+    QCOMPARE(f.theTool.theEvents.size(), 2);
     QCOMPARE(menu.count(), 1);
 }
 

@@ -28,10 +28,19 @@ bool LmCvGestures::press(QMouseEvent* aEvent)
         leftPress(aEvent);
         return true;
     }
-    if (theButton != Qt::RightButton || !theEditor.mouseGrabber())
+    return theButton == Qt::RightButton && rightPress(aEvent);
+}
+
+/// Goes to a tool in the middle of an action alone; otherwise it is left to the menu.
+bool LmCvGestures::rightPress(QMouseEvent* aEvent)
+{
+    LmCvManipulator* tool = theEditor.mouseGrabber();
+    if (!tool && currentToolClaims(*aEvent))
+        tool = theEditor.theCurrentManipulator;
+    if (!tool)
         return false;
     theRightTaken = true;
-    sendPressToTool(theEditor.mouseGrabber(), aEvent);
+    sendPressToTool(tool, aEvent);
     return true;
 }
 
@@ -42,12 +51,9 @@ void LmCvGestures::leftPress(QMouseEvent* aEvent)
         return;
     }
     LmCvManipulator* tool = theEditor.theCurrentManipulator;
-    if (tool) {
-        QMouseEvent question = CanvasEvent::at(*aEvent, theCurrentPoint);
-        if (tool->claimsPress(&question, theEditor.itemAt(theCurrentPoint, tool))) {
-            sendPressToTool(tool, aEvent);
-            return;
-        }
+    if (currentToolClaims(*aEvent)) {
+        sendPressToTool(tool, aEvent);
+        return;
     }
     if (pressForGroup(tool, aEvent) || pressOnItem(aEvent))
         return;
@@ -55,6 +61,15 @@ void LmCvGestures::leftPress(QMouseEvent* aEvent)
         sendPressToTool(tool, aEvent);
     else
         theState = kRubberBand;
+}
+
+bool LmCvGestures::currentToolClaims(const QMouseEvent& aEvent) const
+{
+    LmCvManipulator* tool = theEditor.theCurrentManipulator;
+    if (!tool)
+        return false;
+    QMouseEvent question = CanvasEvent::at(aEvent, theCurrentPoint);
+    return tool->claimsPress(&question, theEditor.itemAt(theCurrentPoint, tool));
 }
 
 /// With the selection arrow Shift on an item makes or changes the group, and a group is taken by any of its

@@ -56,6 +56,8 @@ private:
     };
 
     void leftPress(QMouseEvent* aEvent);
+    bool rightPress(QMouseEvent* aEvent);
+    bool currentToolClaims(const QMouseEvent& aEvent) const;
     bool pressForGroup(LmCvManipulator* aTool, QMouseEvent* aEvent);
     bool pressOnItem(QMouseEvent* aEvent);
     bool sendPressToItem(LmCvObject* aItem, QMouseEvent* aEvent);
