@@ -98,7 +98,7 @@ void LmCvDistance::drawHeads(QPainter& aPainter) const
     head.theWing1 = theWing1;
     head.theWing2 = theWing2;
     aPainter.setPen(theThinPen);
-    aPainter.setBrush(theActive ? QBrush(linePen().color()) : QBrush(QColor(QStringLiteral("white"))));
+    aPainter.setBrush(theActive ? QBrush(linePen().color()) : QBrush(Qt::white));
     head.draw(aPainter, theStart);
     head.turnedRound().draw(aPainter, theEnd);
 }

@@ -42,8 +42,8 @@ struct Glyph
 class TurnedGlyphs::Face
 {
 public:
-    Face(const QFont& aFont, double aScale, const QColor& aColor)
-        : theFont(aFont), theScale(aScale), theColor(aColor), theDeviceFont(aFont)
+    Face(const QFont& aFont, double aScale, double aPixelRatio, const QColor& aColor)
+        : theFont(aFont), theScale(aScale), thePixelRatio(aPixelRatio), theColor(aColor), theDeviceFont(aFont)
     {
         const QFontMetricsF metrics(aFont);
         theBaseline = (metrics.ascent() - metrics.descent()) / 2.0;
@@ -51,9 +51,9 @@ public:
         theDeviceFont.setPointSizeF(aFont.pointSizeF() * aScale);
     }
 
-    bool is(const QFont& aFont, double aScale, const QColor& aColor) const
+    bool is(const QFont& aFont, double aScale, double aPixelRatio, const QColor& aColor) const
     {
-        return theScale == aScale && theColor == aColor && theFont == aFont;
+        return theScale == aScale && thePixelRatio == aPixelRatio && theColor == aColor && theFont == aFont;
     }
 
     /// In the pixels of the font before scaling.
@@ -99,11 +99,14 @@ private:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.translate(-area.topLeft());
         painter.fillPath(shape, theColor);
+        painter.end();
+        glyph.thePicture.setDevicePixelRatio(thePixelRatio);
         return glyph;
     }
 
     QFont theFont;
-    double theScale; // device pixels per font pixel
+    double theScale;      // device pixels per font pixel
+    double thePixelRatio; // device pixels per logical pixel
     QColor theColor;
     QFont theDeviceFont;
     std::array<double, kLatinEnd> theAdvances;
@@ -127,14 +130,16 @@ void TurnedGlyphs::clear()
     theBytes = 0;
 }
 
-TurnedGlyphs::Face& TurnedGlyphs::faceFor(const QFont& aFont, double aScale, const QColor& aColor)
+TurnedGlyphs::Face& TurnedGlyphs::faceFor(const QFont& aFont, double aScale, double aPixelRatio,
+                                          const QColor& aColor)
 {
     // Labels keep their size on the screen below zoom 1, but for the last bits of the product.
     const double scale = std::round(aScale * aFont.pointSizeF() * 64.0) / 64.0 / aFont.pointSizeF();
-    const auto known = std::find_if(theFaces.begin(), theFaces.end(),
-                                    [&](const auto& aFace) { return aFace->is(aFont, scale, aColor); });
+    const auto known = std::find_if(theFaces.begin(), theFaces.end(), [&](const auto& aFace) {
+        return aFace->is(aFont, scale, aPixelRatio, aColor);
+    });
     if (known == theFaces.end())
-        theFaces.insert(theFaces.begin(), std::make_unique<Face>(aFont, scale, aColor));
+        theFaces.insert(theFaces.begin(), std::make_unique<Face>(aFont, scale, aPixelRatio, aColor));
     else
         std::rotate(theFaces.begin(), known, known + 1);
     return *theFaces.front();
@@ -151,24 +156,23 @@ bool TurnedGlyphs::drawCentred(QPainter& aPainter, const QRectF& aRect, const QS
 
     if (theBytes > kMaxBytes)
         clear();
-    Face& face = faceFor(aFont, std::hypot(toDevice.m11(), toDevice.m12()), aColor);
+    aPainter.setWorldTransform(QTransform());
+    const QTransform toPixels = aPainter.deviceTransform();
+    const double ratio = toPixels.m11(); // device pixels per logical pixel
+    Face& face = faceFor(aFont, std::hypot(toDevice.m11(), toDevice.m12()), ratio, aColor);
     double width = 0.0;
     for (const QChar character : aText)
         width += face.advance(character);
     const int step = qRound(std::atan2(toDevice.m12(), toDevice.m11()) * 180.0 / kPi * kStepsPerDegree);
 
-    aPainter.setWorldTransform(QTransform());
-    const QTransform toPixels = aPainter.deviceTransform();
-    const double ratio = toPixels.m11(); // device pixels per logical pixel
     double x = aRect.center().x() - width / 2.0;
     const double y = aRect.center().y() + face.theBaseline;
     for (const QChar character : aText) {
         const Glyph& glyph = face.glyph(character, step, theBytes);
         if (!glyph.thePicture.isNull()) {
             const QPoint corner = toDevice.map(QPointF(x, y)).toPoint() + glyph.theOffset;
-            const QRectF place(QPointF(corner.x() - toPixels.dx(), corner.y() - toPixels.dy()) / ratio,
-                               QSizeF(glyph.thePicture.size()) / ratio);
-            aPainter.drawImage(place, glyph.thePicture);
+            aPainter.drawImage(QPointF(corner.x() - toPixels.dx(), corner.y() - toPixels.dy()) / ratio,
+                               glyph.thePicture);
         }
         x += face.advance(character);
     }

@@ -38,7 +38,7 @@ private:
     class Face; // a font in one size and colour on the device, with its characters
 
     TurnedGlyphs();
-    Face& faceFor(const QFont& aFont, double aScale, const QColor& aColor);
+    Face& faceFor(const QFont& aFont, double aScale, double aPixelRatio, const QColor& aColor);
 
     std::vector<std::unique_ptr<Face>> theFaces; // the one used last stands first
     qsizetype theBytes = 0;

@@ -14,13 +14,22 @@ namespace {
 // would cost more than painting between them.
 constexpr int kMaxChangedRects = 128;
 
+/// QRect::intersects for areas as the slots hold them: upright, or null while nothing is drawn. Every search
+/// asks it of every item, and most are turned down by the first comparisons.
+bool overlaps(const QRect& aArea, const QRect& aOther)
+{
+    return aArea.left() <= aOther.right() && aArea.right() >= aOther.left() &&
+           aArea.top() <= aOther.bottom() && aArea.bottom() >= aOther.top() && !aArea.isNull() &&
+           !aOther.isNull();
+}
+
 bool touches(const QRect& aArea, const QRegion& aRegion, const QRect& aRegionBounds)
 {
-    if (!aArea.intersects(aRegionBounds))
+    if (!overlaps(aArea, aRegionBounds))
         return false;
     return aRegion.rectCount() == 1 ||
            std::any_of(aRegion.begin(), aRegion.end(),
-                       [&aArea](const QRect& aRect) { return aArea.intersects(aRect); });
+                       [&aArea](const QRect& aRect) { return overlaps(aArea, aRect); });
 }
 
 } // namespace
@@ -79,7 +88,7 @@ Q3CanvasItemList Q3Canvas::collisions(const QRect& aCanvasRect) const
     const QRect sought = CanvasPlane::clamped(aCanvasRect);
     Q3CanvasItemList items;
     std::for_each(theSlots.rbegin(), theSlots.rend(), [&items, &sought](const Slot& aSlot) {
-        if (aSlot.theItem && aSlot.theArea.intersects(sought))
+        if (overlaps(aSlot.theArea, sought))
             items << aSlot.theItem;
     });
     return items;
@@ -150,7 +159,7 @@ void Q3Canvas::drawArea(const QRegion& aCanvasRegion, QPainter& aPainter)
     if (!background.isEmpty())
         drawBackground(aPainter, background);
     for (std::size_t i = 0; i < theSlots.size(); ++i) // by index: drawing may add an item
-        if (theSlots[i].theItem && touches(theSlots[i].theArea, aCanvasRegion, bounds))
+        if (touches(theSlots[i].theArea, aCanvasRegion, bounds))
             theSlots[i].theItem->draw(aPainter);
     aPainter.restore();
 }
