@@ -13,6 +13,7 @@
 #include <QPolygon>
 #include <QToolButton>
 
+#include <algorithm>
 #include <limits>
 #include <memory>
 
@@ -33,11 +34,11 @@ void fill(const LmKernelObjectDataDescr& aDescriptor, LmParamKeyframeVector& aVe
             return;
 }
 
+// Held at the ends of the range of int.
 int scaled(int aCoordinate, double aRatio)
 {
-    const double value = aCoordinate * aRatio;
-    constexpr double kMax = std::numeric_limits<int>::max();
-    return value >= -kMax && value <= kMax ? qRound(value) : aCoordinate;
+    using Range = std::numeric_limits<int>;
+    return qRound(std::clamp(aCoordinate * aRatio, double(Range::min()), double(Range::max())));
 }
 
 QPoint scaled(const QPoint& aPoint, double aRatio)

@@ -1,6 +1,7 @@
 #include "DistanceFixture.h"
 #include "TestFont.h"
 
+#include <limits>
 #include <memory>
 
 class TestDistanceFrames : public QObject
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void regionOfInterestMovesTheCanvas();
     void twiceTheWidthDoublesTheDefaults();
     void oddRatioRounds();
+    void coordinatesBeyondTheRangeStopAtItsEnds();
     void resolutionIsNoUndoStep();
     void resolutionKeepsTheKeyframes();
     void resolutionShowsTheDefaults();
@@ -210,6 +212,24 @@ void TestDistanceFrames::oddRatioRounds()
     f.theKernel.announceResolution(QSize(400, 300), QSize(600, 450));
     QCOMPARE(f.pos(1), QPoint(167, 128)); // 166.5 and 127.5
     QCOMPARE(f.ep(1), QPoint(-62, 2));    // -61.5 and 1.5
+}
+
+void TestDistanceFrames::coordinatesBeyondTheRangeStopAtItsEnds()
+{
+    using Range = std::numeric_limits<int>;
+    DistanceFixture& f = *theFixture;
+    f.record(1)->storeValue(DistanceFixture::kPos, -1, QPoint(Range::max(), Range::min()));
+    f.record(1)->storeValue(DistanceFixture::kEp, -1, QPoint(Range::max() / 2 + 1, Range::min() / 2 - 1));
+    f.theKernel.announceResolution(QSize(400, 300), QSize(800, 600));
+    QCOMPARE(f.pos(1), QPoint(Range::max(), Range::min()));
+    QCOMPARE(f.ep(1), QPoint(Range::max(), Range::min()));
+    f.theKernel.announceResolution(QSize(800, 600), QSize(400, 300));
+    QCOMPARE(f.pos(1), QPoint(1073741824, -1073741824)); // half of 2147483647, rounded, and of -2147483648
+    f.theKernel.announceResolution(QSize(1, 1), QSize(Range::max(), 1));
+    QCOMPARE(f.ep(1), QPoint(Range::max(), Range::min()));
+    // The ends themselves are reached, not passed by a rounding.
+    f.theKernel.announceResolution(QSize(400, 300), QSize(400, 300));
+    QCOMPARE(f.pos(1), QPoint(Range::max(), Range::min()));
 }
 
 void TestDistanceFrames::resolutionIsNoUndoStep()

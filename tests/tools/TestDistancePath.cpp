@@ -1,3 +1,4 @@
+#include "CmdSwitchAnimation.h"
 #include "DistanceFixture.h"
 #include "TestFont.h"
 
@@ -26,6 +27,8 @@ private Q_SLOTS:
     void copiesThePathOfTheMiddle();
     void copiesThePathOfAnEnd_data();
     void copiesThePathOfAnEnd();
+    void copiesThePathOfAnEndThatStandsStillForNow_data() { copiesThePathOfAnEnd_data(); }
+    void copiesThePathOfAnEndThatStandsStillForNow();
     void copyTakesTheMiddleBetweenItsKeyframes();
     void copySkipsKeyframesWithoutAValue();
     void copyOfAnEndNeedsTwoKeyframes();
@@ -87,6 +90,26 @@ void TestDistancePath::copiesThePathOfAnEnd()
     copy(atStart ? theStartHead : theEndHead);
     QCOMPARE(theClipboard,
              atStart ? (Path{at(0, 90, 95), at(10, 170, 127)}) : (Path{at(0, 110, 105), at(10, 230, 113)}));
+}
+
+void TestDistancePath::copiesThePathOfAnEndThatStandsStillForNow()
+{
+    QFETCH(bool, atStart);
+    animate(true);
+    LmKernelObjectData* record = theFixture->record(1);
+    record->storeValue(DistanceFixture::kEp, 5, QPoint(1, 2)); // the middle is at (150, 110) then
+    theFixture->theStack.push(new CmdSwitchAnimation(DistanceFixture::kType, 1, false));
+    QVERIFY(!record->theAnimated);
+    QCOMPARE(theFixture->item(1)->theStart, theStartHead); // drawn from the defaults
+    copy(atStart ? theStartHead : theEndHead);
+    QCOMPARE(theClipboard, atStart ? (Path{at(0, 90, 95), at(5, 149, 108), at(10, 170, 127)})
+                                   : (Path{at(0, 110, 105), at(5, 151, 112), at(10, 230, 113)}));
+    const Path whileStill = theClipboard;
+    theFixture->theStack.undo();
+    QVERIFY(record->theAnimated);
+    const LmCvDistance* item = theFixture->item(1);
+    copy(atStart ? item->theStart : item->theEnd);
+    QCOMPARE(theClipboard, whileStill);
 }
 
 void TestDistancePath::copyTakesTheMiddleBetweenItsKeyframes()

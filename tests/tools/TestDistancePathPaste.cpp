@@ -1,3 +1,4 @@
+#include "CmdSwitchAnimation.h"
 #include "DistanceFixture.h"
 #include "TestFont.h"
 
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void pasteOnAnEndKeepsTheOther_data();
     void pasteOnAnEndKeepsTheOther();
     void pasteReadsTheTargetAtEachFrame();
+    void pasteReadsTheKeptKeyframesOfATargetThatStandsStill();
     void pasteOfAnEmptyClipboardOnTheLine();
     void pasteOfAnEmptyClipboardOnAnEnd();
     void pasteIsOneUndoStep();
@@ -134,6 +136,18 @@ void TestDistancePathPaste::pasteReadsTheTargetAtEachFrame()
     QCOMPARE(path(DistanceFixture::kPos), (Path{at(0, 45, 48), at(5, 80, 61)}));
     QCOMPARE(path(DistanceFixture::kEp), (Path{at(0, -45, -48), at(5, -50, -50)}));
     QCOMPARE(theFixture->theStack.command(1)->childCount(), 2);
+}
+
+void TestDistancePathPaste::pasteReadsTheKeptKeyframesOfATargetThatStandsStill()
+{
+    animate(true);
+    theFixture->theStack.push(new CmdSwitchAnimation(DistanceFixture::kType, 1, false));
+    theClipboard = Path{at(0, 0, 0), at(5, 30, 11)};
+    paste(theEndHead);
+    // As above: the paste animates the object again, and the other end goes on along its own path.
+    QCOMPARE(path(DistanceFixture::kPos), (Path{at(0, 45, 48), at(5, 80, 61)}));
+    QCOMPARE(path(DistanceFixture::kEp), (Path{at(0, -45, -48), at(5, -50, -50)}));
+    QVERIFY(theFixture->record(1)->theAnimated);
 }
 
 void TestDistancePathPaste::pasteOfAnEmptyClipboardOnTheLine()

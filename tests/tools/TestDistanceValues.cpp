@@ -97,6 +97,8 @@ void TestDistanceValues::valuesOfKnownLines_data()
     QTest::newRow("45 degrees") << QPoint(70, -70) << 70.0 * std::sqrt(2.0) << 45.0;
     QTest::newRow("-45 degrees") << QPoint(70, 70) << 70.0 * std::sqrt(2.0) << -45.0;
     QTest::newRow("53.13 degrees") << QPoint(60, -80) << 100.0 << 53.1;
+    // 61.19 degrees and so little more that a factor with further digits would give 61.2.
+    QTest::newRow("a hair below 61.2") << QPoint(3048, -5542) << std::hypot(3048.0, 5542.0) << 61.1;
     QTest::newRow("half as long, up") << QPoint(0, -50) << 50.0 << 90.0;
 }
 
