@@ -22,6 +22,7 @@ private Q_SLOTS:
     void spaceBarPans();
     void panningWorksInTheMiddleOfADrag();
     void spaceBarPansInTheMiddleOfADrag();
+    void clickThatPannedIsStillAClick();
     void wheelZoomsAboutThePointer();
     void smallWheelAnglesAddUp();
     void zoomHasLimits();
@@ -183,6 +184,30 @@ void TestEditorView::spaceBarPansInTheMiddleOfADrag()
     QCOMPARE(f.theTool.theEvents, (QStringList{ProbeTool::noted("press", QPoint(200, 150)),
                                                ProbeTool::noted("move", QPoint(210, 150)),
                                                ProbeTool::noted("release", QPoint(210, 150))}));
+}
+
+void TestEditorView::clickThatPannedIsStillAClick()
+{
+    EditorFixture f;
+    ProbeItem* item = f.theTool.create(QPoint(190, 140));
+    f.theEditor.setZoom(4.0);
+    const QPoint beside(220, 150);
+    for (const bool returns : {false, true}) {
+        f.theEditor.activateItem(item);
+        const QPoint pos = f.toViewport(beside);
+        const QPoint pannedPos = pos + QPoint(80, 0);
+        f.press(beside);
+        QTest::mousePress(f.theEditor.viewport(), Qt::MiddleButton, Qt::NoModifier, pos);
+        QTest::mouseMove(f.theEditor.viewport(), pannedPos);
+        QTest::mouseRelease(f.theEditor.viewport(), Qt::MiddleButton, Qt::NoModifier, pannedPos);
+        QCOMPARE(f.theEditor.toCanvas(pannedPos), beside);
+        // The pointer is still on the place of the press. Back where it went down it is a way off.
+        const QPoint end = f.theEditor.toCanvas(returns ? pos : pannedPos);
+        f.move(end);
+        f.release(end);
+        QCOMPARE(f.theEditor.theCurrentTrack, returns ? item : nullptr);
+        QCOMPARE(item->theNodeRect.isNull(), !returns);
+    }
 }
 
 void TestEditorView::wheelZoomsAboutThePointer()

@@ -66,8 +66,12 @@ bool LmCvGestures::startPan(const QMouseEvent* aEvent)
 void LmCvGestures::pan(const QPointF& aViewportPos)
 {
     const QPoint delta = (aViewportPos - thePanPos).toPoint();
+    const QPointF before = theEditor.toViewport(QPointF());
     theEditor.scrollBy(-delta);
     thePanPos += delta;
+    // The place of the press goes with the canvas, which may have come to the end of its range.
+    thePressPos += theEditor.toViewport(QPointF()) - before;
+    theCurrentPoint = theEditor.toCanvas(theCurrentPos);
 }
 
 void LmCvGestures::spaceKey(bool aDown)
