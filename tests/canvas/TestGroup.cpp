@@ -11,6 +11,8 @@ class TestGroup : public QObject
 private Q_SLOTS:
     void clickElsewhereLeavesTheGroup();
     void groupMovesAsOneStep();
+    void groupDraggedBackToItsStartMakesNoStep();
+    void hiddenGroupLeavesTheCurrentItemInItsPlace();
     void clickOnAGroupMemberLeavesTheGroupForIt();
     void escapeBringsTheGroupBack();
     void escapeSparesMembersThatWentWhileOthersCameBack();
@@ -103,6 +105,41 @@ void TestGroup::groupMovesAsOneStep()
     QCOMPARE(f.theTool.item(2)->theCorner, QPoint(100, 50));
     f.theStack.redo();
     QCOMPARE(f.theTool.item(2)->theCorner, QPoint(130, 120));
+}
+
+void TestGroup::groupDraggedBackToItsStartMakesNoStep()
+{
+    EditorFixture f;
+    makeThree(f);
+    f.drag(QPoint(40, 40), QPoint(130, 90));
+    f.press(kFirst);
+    f.move(kFirst + QPoint(30, 70));
+    QCOMPARE(f.theTool.item(2)->theCorner, QPoint(130, 120));
+    f.move(kFirst);
+    f.release(kFirst);
+    QCOMPARE(f.theTool.item(1)->theCorner, QPoint(50, 50));
+    QCOMPARE(f.theTool.item(2)->theCorner, QPoint(100, 50));
+    QCOMPARE(f.theStack.count(), 0);
+    f.drag(kFirst, kFirst + QPoint(0, 20));
+    QCOMPARE(f.theStack.count(), 1);
+}
+
+void TestGroup::hiddenGroupLeavesTheCurrentItemInItsPlace()
+{
+    EditorFixture f;
+    makeThree(f);
+    f.click(kThird);
+    f.drag(QPoint(40, 40), QPoint(130, 90));
+    QCOMPARE(f.theEditor.theCurrentTrack, f.theTool.item(3));
+    f.press(kFirst);
+    f.move(kFirst + QPoint(30, 70));
+    f.theTool.showCvObject(f.theTool.item(1), false);
+    f.theTool.showCvObject(f.theTool.item(2), false);
+    f.move(kFirst + QPoint(40, 70));
+    f.release(kFirst + QPoint(40, 70));
+    QCOMPARE(f.theTool.item(3)->theCorner, QPoint(150, 50));
+    QCOMPARE(f.theTool.recordedPos(3), QPoint(150, 50));
+    QCOMPARE(f.theEditor.theCurrentTrack, f.theTool.item(3));
 }
 
 void TestGroup::clickOnAGroupMemberLeavesTheGroupForIt()

@@ -28,7 +28,25 @@ private Q_SLOTS:
     void watchersClickIsItsPress();
     void watchersLongerWayDragsTheItem();
     void watcherThatIsNotCurrentSeesNoClick();
+    void watcherLeftWithinItsPressGetsNoRelease();
 };
+
+namespace {
+
+/// Goes back to the selection arrow with each press.
+class LeavingTool : public ProbeTool
+{
+public:
+    LeavingTool() : ProbeTool(nullptr, ProbeTool::kType + 2) {}
+
+    void mousePressEvent(QMouseEvent* aEvent) override
+    {
+        ProbeTool::mousePressEvent(aEvent);
+        theCvEditor->setCurrentManipulator(nullptr);
+    }
+};
+
+} // namespace
 
 void TestItemRouting::itemIsDraggedAndReportedOnce()
 {
@@ -247,6 +265,22 @@ void TestItemRouting::watcherThatIsNotCurrentSeesNoClick()
     f.click(QPoint(60, 60));
     QVERIFY(f.theOtherTool.theEvents.isEmpty());
     QCOMPARE(f.theEditor.theCurrentTrack, item);
+}
+
+void TestItemRouting::watcherLeftWithinItsPressGetsNoRelease()
+{
+    EditorFixture f;
+    LeavingTool tool;
+    tool.setUndoStack(&f.theStack);
+    tool.setCvEditor(&f.theEditor);
+    tool.initManipulator(&f.theBar);
+    tool.create(QPoint(50, 50));
+    f.theEditor.theItemWatchers.append(&tool);
+    f.theEditor.setCurrentManipulator(&tool);
+    f.click(QPoint(60, 60));
+    QCOMPARE(tool.theEvents, QStringList(ProbeTool::noted("press", QPoint(60, 60))));
+    QVERIFY(!f.theEditor.theCurrentManipulator);
+    f.theStack.clear();
 }
 
 MEASURE_TEST_MAIN(TestItemRouting)

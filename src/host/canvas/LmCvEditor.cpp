@@ -71,11 +71,12 @@ void LmCvEditor::activateItem(LmCvObject* aItem)
 
 void LmCvEditor::leaveItem(LmCvObject* aItem)
 {
+    // The group goes first: a drag of it ends with its last member.
+    if (theSelection->contains(aItem))
+        theSelection->toggle(aItem);
     theGestures->forget(aItem);
     if (theCurrentTrack == aItem)
         activateItem(nullptr);
-    if (theSelection->contains(aItem))
-        theSelection->toggle(aItem);
 }
 
 void LmCvEditor::setCurrentManipulator(LmCvManipulator* aTool, QToolButton* aButton)

@@ -270,7 +270,8 @@ bool LmCvGestures::release(QMouseEvent* aEvent)
     case kGroupDrag:
         dragGroup();
         reset();
-        theEditor.selection().finishMove();
+        if (theLastPoint != thePressPoint)
+            theEditor.selection().finishMove();
         break;
     case kRubberBand:
         finishRubberBand(aEvent);
@@ -286,6 +287,7 @@ bool LmCvGestures::doubleClick(QMouseEvent* aEvent)
     if (LmCvManipulator* tool = grabber ? grabber : theEditor.theCurrentManipulator) {
         QMouseEvent event = CanvasEvent::at(*aEvent, theEditor.toCanvas(aEvent->position()));
         tool->mouseDoubleClickEvent(&event);
+        theEditor.canvas()->update();
         if (event.isAccepted())
             return true;
     }

@@ -39,7 +39,8 @@ void LmCvGestures::finishWatchedPress(QMouseEvent* aEvent)
 {
     releaseItem(aEvent);
     LmCvManipulator* watcher = theEditor.theCurrentManipulator;
-    if (watcher && sendPressToTool(watcher, aEvent))
+    // Within the press the watcher may have been left.
+    if (watcher && sendPressToTool(watcher, aEvent) && theTool)
         finishToolAction(aEvent);
 }
 
