@@ -59,6 +59,7 @@ bool LmCvEditor::viewportEvent(QEvent* aEvent)
         Q_EMIT signalPointerLeft();
         if (LmCvManipulator* tool = theMouseGrabber ? theMouseGrabber : theCurrentManipulator)
             tool->mouseLeaveEvent(aEvent);
+        canvas()->update();
         break;
     default:
         break;
@@ -78,8 +79,10 @@ void LmCvEditor::keyPressEvent(QKeyEvent* aEvent)
         aEvent->setAccepted(escape());
         return;
     }
-    if (theCurrentManipulator)
+    if (theCurrentManipulator) {
         theCurrentManipulator->keyPressEvent(aEvent);
+        canvas()->update();
+    }
     if (theCurrentManipulator ? aEvent->isAccepted() : editKey(aEvent))
         return;
     aEvent->accept();
