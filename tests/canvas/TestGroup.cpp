@@ -10,18 +10,13 @@ class TestGroup : public QObject
 
 private Q_SLOTS:
     void clickElsewhereLeavesTheGroup();
-    void groupMovesAsOneStep();
-    void groupDraggedBackToItsStartMakesNoStep();
-    void hiddenGroupLeavesTheCurrentItemInItsPlace();
     void clickOnAGroupMemberLeavesTheGroupForIt();
-    void escapeBringsTheGroupBack();
-    void escapeSparesMembersThatWentWhileOthersCameBack();
-    void memberThatGoesDuringTheMoveLeavesTheRestMoving();
     void deleteKeyRemovesTheGroupAsOneStep();
     void deleteWithoutTargetsDoesNothing();
     void singleTargetMakesNoMacro();
     void colorIsOneStepAndSkipsItemsThatHaveIt();
     void hideAndShowAllAreOneStep();
+    void showAllReachesItemsThatNoCommandShows();
     void arrowKeysMoveByOneStepEach();
     void arrowKeysAreTheToolsWhileOneIsActive();
     void itemThatGoesLeavesTheGroup();
@@ -39,35 +34,7 @@ void makeThree(EditorFixture& aFixture)
     aFixture.theStack.clear();
 }
 
-/// Keeps its items in a list of its own and can only make all of them anew.
-class RemakingTool : public ProbeTool
-{
-public:
-    RemakingTool() : ProbeTool(nullptr, ProbeTool::kType + 2) {}
-
-    void make(const QPoint& aCorner)
-    {
-        auto* item = new ProbeItem(this, theCvEditor->canvas(), QString(), theCvEditor);
-        item->place(aCorner);
-        item->show();
-        theItems.append(item);
-    }
-    void recreateCanvasObjects(QPoint, long long, bool) override
-    {
-        ++theRemakings;
-        const QList<QPoint> corners = theCorners;
-        qDeleteAll(std::exchange(theItems, {}));
-        for (const QPoint& corner : corners)
-            make(corner);
-    }
-
-    QList<QPoint> theCorners;
-    QList<ProbeItem*> theItems; // owned by the canvas
-    int theRemakings = 0;
-};
-
 const QPoint kFirst(60, 60);
-const QPoint kSecond(110, 60);
 const QPoint kThird(160, 60);
 
 } // namespace
@@ -86,62 +53,6 @@ void TestGroup::clickElsewhereLeavesTheGroup()
     QVERIFY(!f.theEditor.theCurrentTrack);
 }
 
-void TestGroup::groupMovesAsOneStep()
-{
-    EditorFixture f;
-    makeThree(f);
-    f.drag(QPoint(40, 40), QPoint(130, 90));
-    QSignalSpy changed(&f.theEditor, &LmCvEditor::signalCanvasObjectChanged);
-    f.drag(kFirst, kFirst + QPoint(30, 70));
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(f.theTool.recordedPos(1), QPoint(80, 120));
-    QCOMPARE(f.theTool.recordedPos(2), QPoint(130, 120));
-    QCOMPARE(f.theTool.recordedPos(3), QPoint(150, 50));
-    QCOMPARE(f.theStack.count(), 1);
-    QCOMPARE(f.theStack.undoText(), QStringLiteral("Move 2 objects"));
-    QCOMPARE(f.theEditor.selection().items().size(), 2);
-    f.theStack.undo();
-    QCOMPARE(f.theTool.item(1)->theCorner, QPoint(50, 50));
-    QCOMPARE(f.theTool.item(2)->theCorner, QPoint(100, 50));
-    f.theStack.redo();
-    QCOMPARE(f.theTool.item(2)->theCorner, QPoint(130, 120));
-}
-
-void TestGroup::groupDraggedBackToItsStartMakesNoStep()
-{
-    EditorFixture f;
-    makeThree(f);
-    f.drag(QPoint(40, 40), QPoint(130, 90));
-    f.press(kFirst);
-    f.move(kFirst + QPoint(30, 70));
-    QCOMPARE(f.theTool.item(2)->theCorner, QPoint(130, 120));
-    f.move(kFirst);
-    f.release(kFirst);
-    QCOMPARE(f.theTool.item(1)->theCorner, QPoint(50, 50));
-    QCOMPARE(f.theTool.item(2)->theCorner, QPoint(100, 50));
-    QCOMPARE(f.theStack.count(), 0);
-    f.drag(kFirst, kFirst + QPoint(0, 20));
-    QCOMPARE(f.theStack.count(), 1);
-}
-
-void TestGroup::hiddenGroupLeavesTheCurrentItemInItsPlace()
-{
-    EditorFixture f;
-    makeThree(f);
-    f.click(kThird);
-    f.drag(QPoint(40, 40), QPoint(130, 90));
-    QCOMPARE(f.theEditor.theCurrentTrack, f.theTool.item(3));
-    f.press(kFirst);
-    f.move(kFirst + QPoint(30, 70));
-    f.theTool.showCvObject(f.theTool.item(1), false);
-    f.theTool.showCvObject(f.theTool.item(2), false);
-    f.move(kFirst + QPoint(40, 70));
-    f.release(kFirst + QPoint(40, 70));
-    QCOMPARE(f.theTool.item(3)->theCorner, QPoint(150, 50));
-    QCOMPARE(f.theTool.recordedPos(3), QPoint(150, 50));
-    QCOMPARE(f.theEditor.theCurrentTrack, f.theTool.item(3));
-}
-
 void TestGroup::clickOnAGroupMemberLeavesTheGroupForIt()
 {
     EditorFixture f;
@@ -154,69 +65,6 @@ void TestGroup::clickOnAGroupMemberLeavesTheGroupForIt()
     QCOMPARE(f.theEditor.theCurrentTrack, f.theTool.item(1));
     QCOMPARE(f.theTool.item(1)->theCorner, QPoint(50, 50));
     QCOMPARE(f.theStack.count(), 0);
-}
-
-void TestGroup::escapeBringsTheGroupBack()
-{
-    EditorFixture f;
-    makeThree(f);
-    f.drag(QPoint(40, 40), QPoint(130, 90));
-    f.press(kFirst);
-    f.move(kFirst + QPoint(30, 70));
-    QCOMPARE(f.theTool.item(2)->theCorner, QPoint(130, 120));
-    QTest::keyClick(f.theEditor.viewport(), Qt::Key_Escape);
-    f.release(kFirst + QPoint(30, 70));
-    QCOMPARE(f.theTool.item(1)->theCorner, QPoint(50, 50));
-    QCOMPARE(f.theTool.item(2)->theCorner, QPoint(100, 50));
-    QCOMPARE(f.theStack.count(), 0);
-}
-
-void TestGroup::escapeSparesMembersThatWentWhileOthersCameBack()
-{
-    EditorFixture f;
-    RemakingTool tool;
-    tool.setCvEditor(&f.theEditor);
-    tool.initManipulator(&f.theBar);
-    tool.theCorners = {QPoint(50, 50), QPoint(100, 50)};
-    for (const QPoint& corner : tool.theCorners)
-        tool.make(corner);
-    f.drag(QPoint(40, 40), QPoint(130, 90));
-    QCOMPARE(f.theEditor.selection().items().size(), 2);
-    f.press(kFirst);
-    f.move(kFirst + QPoint(30, 70));
-    QCOMPARE(tool.theItems[1]->theCorner, QPoint(130, 120));
-    QTest::keyClick(f.theEditor.viewport(), Qt::Key_Escape);
-    f.release(kFirst + QPoint(30, 70));
-    QCOMPARE(tool.theRemakings, 1);
-    QCOMPARE(tool.theItems[0]->theCorner, QPoint(50, 50));
-    QCOMPARE(tool.theItems[1]->theCorner, QPoint(100, 50));
-    qDeleteAll(tool.theItems);
-}
-
-void TestGroup::memberThatGoesDuringTheMoveLeavesTheRestMoving()
-{
-    EditorFixture f;
-    makeThree(f);
-    f.click(kThird); // current, and no member: it must not take the group's place
-    f.drag(QPoint(40, 40), QPoint(130, 90));
-    f.press(kFirst);
-    f.move(kFirst + QPoint(30, 70));
-    f.theTool.removeCvObject(f.theTool.item(1));
-    f.move(kFirst + QPoint(40, 70));
-    f.release(kFirst + QPoint(40, 70));
-    QCOMPARE(f.theTool.recordedPos(2), QPoint(140, 120));
-    QCOMPARE(f.theTool.recordedPos(3), QPoint(150, 50));
-
-    f.drag(QPoint(130, 110), QPoint(170, 150));
-    QCOMPARE(f.theEditor.selection().items().size(), 1);
-    f.click(kThird, Qt::ShiftModifier);
-    f.press(kThird);
-    f.move(kThird + QPoint(0, 40));
-    f.theTool.removeCvObject(f.theTool.item(2));
-    f.theTool.removeCvObject(f.theTool.item(3));
-    f.move(kThird + QPoint(0, 80));
-    f.release(kThird + QPoint(0, 80));
-    QVERIFY(f.theEditor.cvItems().isEmpty());
 }
 
 void TestGroup::deleteKeyRemovesTheGroupAsOneStep()
@@ -271,6 +119,23 @@ void TestGroup::colorIsOneStepAndSkipsItemsThatHaveIt()
     f.theStack.undo();
     QCOMPARE(f.theTool.item(1)->getColor(), QColor(Qt::red));
     QCOMPARE(f.theTool.item(2)->getColor(), QColor(Qt::green));
+}
+
+void TestGroup::showAllReachesItemsThatNoCommandShows()
+{
+    EditorFixture f;
+    makeThree(f);
+    ProbeItem toolless(nullptr, f.theEditor.canvas(), QStringLiteral("1"), &f.theEditor);
+    f.theOtherTool.setUndoStack(nullptr);
+    ProbeItem stackless(&f.theOtherTool, f.theEditor.canvas(), QStringLiteral("1"), &f.theEditor);
+    toolless.hide();
+    stackless.hide();
+    f.theTool.item(1)->hide(); // its record says nothing of that
+    f.theEditor.slotShowAllCvItems();
+    QVERIFY(toolless.isVisible());
+    QVERIFY(stackless.isVisible());
+    QVERIFY(f.theTool.item(1)->isVisible());
+    QCOMPARE(f.theStack.count(), 0);
 }
 
 void TestGroup::hideAndShowAllAreOneStep()

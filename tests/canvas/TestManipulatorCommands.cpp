@@ -20,6 +20,7 @@ private Q_SLOTS:
     void removalShownAndColorGoThroughUndoableCommands();
     void hiddenItemIsNoLongerCurrentOrSelected();
     void animationIsSwitchedByACommand();
+    void whatTheRecordSaysAlreadyLeavesTheRedoHistory();
     void foreignItemGivesNoCommand();
     void withoutUndoStackNothingHappens();
     void undoTextsNameTheObject();
@@ -64,6 +65,26 @@ void TestManipulatorCommands::animationIsSwitchedByACommand()
     QVERIFY(f.theTool.record(1)->theAnimated);
     f.theStack.undo();
     QVERIFY(!f.theTool.record(1)->theAnimated);
+}
+
+void TestManipulatorCommands::whatTheRecordSaysAlreadyLeavesTheRedoHistory()
+{
+    EditorFixture f;
+    ProbeItem* item = f.theTool.create(QPoint(10, 10));
+    f.theTool.setColorCvObject(item, Qt::green);
+    f.theStack.undo();
+    QVERIFY(f.theStack.canRedo());
+    f.theTool.setColorCvObject(item, Qt::red);
+    QVERIFY(f.theStack.canRedo());
+    f.theTool.showCvObject(item, true);
+    QVERIFY(f.theStack.canRedo());
+    f.theTool.changeAnimationCvObject(item, false, false, false);
+    QVERIFY(f.theStack.canRedo());
+    f.theStack.redo();
+    QCOMPARE(item->getColor(), QColor(Qt::green));
+    f.theTool.changeAnimationCvObject(item, true, false, false);
+    f.theTool.showCvObject(item, false);
+    QCOMPARE(f.theStack.count(), 4);
 }
 
 void TestManipulatorCommands::foreignItemGivesNoCommand()

@@ -5,6 +5,8 @@
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
 
+#include <QColor>
+
 namespace {
 
 constexpr int kShownValueParam = 2;
@@ -40,4 +42,18 @@ void ItemRecord::restore(LmCvObject& aItem)
                                             Q_ARG(int, tool->theObjectType), Q_ARG(int, idx),
                                             Q_ARG(const LmKernelObjectData*, data)))
         tool->recreateCanvasObjects(kernel.origin(), kernel.theCurrentFrame, true);
+}
+
+bool ItemRecord::isShown(const LmKernelObjectData& aData)
+{
+    if (aData.count() <= ParamDescr::kShown)
+        return true;
+    const QVariant shown = aData.storedValue(ParamDescr::kShown, kDefaultFrame);
+    return !shown.isValid() || shown.toBool();
+}
+
+bool ItemRecord::hasColor(const LmKernelObjectData& aData, const QColor& aColor)
+{
+    return aData.count() > ParamDescr::kColor &&
+           aData.storedValue(ParamDescr::kColor, kDefaultFrame) == QVariant(aColor);
 }

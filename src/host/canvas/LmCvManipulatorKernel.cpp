@@ -5,6 +5,7 @@
 #include "CmdRemoveObject.h"
 #include "CmdShowObject.h"
 #include "CmdSwitchAnimation.h"
+#include "ItemRecord.h"
 #include "LmCvEditor.h"
 #include "LmCvObject.h"
 #include "LmKSKernelData.h"
@@ -83,21 +84,30 @@ void LmCvManipulator::removeCvObject(LmCvObject* aObject)
         push(new CmdRemoveObject(theObjectType, idx));
 }
 
+// A command without effect would cost the user what can be redone, so none is pushed for what the record says
+// already.
+
 void LmCvManipulator::setColorCvObject(LmCvObject* aObject, QColor aColor)
 {
-    if (const int idx = getObjectIdx(aObject); idx >= 0)
+    const int idx = getObjectIdx(aObject);
+    const LmKernelObjectData* data = theKernelData->getObject(theObjectType, idx);
+    if (idx >= 0 && !(data && ItemRecord::hasColor(*data, aColor)))
         push(new CmdChangeObjectColor(theObjectType, idx, aColor));
 }
 
 void LmCvManipulator::showCvObject(LmCvObject* aObject, bool aShown)
 {
-    if (const int idx = getObjectIdx(aObject); idx >= 0)
+    const int idx = getObjectIdx(aObject);
+    const LmKernelObjectData* data = theKernelData->getObject(theObjectType, idx);
+    if (idx >= 0 && !(data && ItemRecord::isShown(*data) == aShown))
         push(new CmdShowObject(theObjectType, idx, aShown));
 }
 
 void LmCvManipulator::changeAnimationCvObject(LmCvObject* aObject, bool aAnimated, bool, bool)
 {
-    if (const int idx = getObjectIdx(aObject); idx >= 0)
+    const int idx = getObjectIdx(aObject);
+    const LmKernelObjectData* data = theKernelData->getObject(theObjectType, idx);
+    if (idx >= 0 && !(data && data->theAnimated == aAnimated))
         push(new CmdSwitchAnimation(theObjectType, idx, aAnimated));
 }
 

@@ -1,14 +1,31 @@
 #include "LmCvSelection.h"
 
+#include "ItemRecord.h"
 #include "LmCvEditor.h"
 #include "LmCvManipulator.h"
 #include "LmCvObject.h"
+#include "LmKSKernelData.h"
 
 #include <QColor>
 #include <QSet>
 #include <QUndoStack>
 
 #include <utility>
+
+namespace {
+
+/// False for a hidden item of which no record says that it is hidden, or whose tool can't push a command.
+bool showsByCommand(const LmCvObject& aItem)
+{
+    const LmCvManipulator* tool = aItem.theManipulator;
+    if (!tool || !tool->theUndoStack)
+        return false;
+    const LmKernelObjectData* data =
+        tool->theKernelData->getObject(tool->theObjectType, tool->getObjectIdx(&aItem));
+    return !data || !ItemRecord::isShown(*data);
+}
+
+} // namespace
 
 LmCvSelection::LmCvSelection(LmCvEditor& aEditor) : theEditor(aEditor) {}
 
@@ -130,11 +147,14 @@ void LmCvSelection::show(bool aShown)
 void LmCvSelection::showAll()
 {
     QList<LmCvObject*> items = theEditor.cvItems();
-    items.removeIf([](const LmCvObject* aItem) { return aItem->isVisible(); });
+    items.removeIf([](const LmCvObject* aItem) { return aItem->isVisible() || !showsByCommand(*aItem); });
     asOneStep(tr("Show %n objects", nullptr, int(items.size())), items, [](LmCvObject* aItem) {
         if (!aItem->isVisible())
             aItem->theManipulator->showCvObject(aItem, true);
     });
+    for (LmCvObject* item : theEditor.cvItems())
+        item->setVisible(true);
+    theEditor.canvas()->update();
 }
 
 void LmCvSelection::asOneStep(const QString& aText, QList<LmCvObject*> aItems,
