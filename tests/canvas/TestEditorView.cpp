@@ -2,6 +2,7 @@
 #include "TestFont.h"
 
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QRandomGenerator>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -29,7 +30,29 @@ private Q_SLOTS:
     void stepsBackGiveTheVerySameZoom();
     void zoomReachesHiddenItemsToo();
     void fitShowsTheWholePicture();
+
+    void rubberBandRepaintsItsLinesOnly();
 };
+
+namespace {
+
+/// Keeps what is painted of the widget.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QWidget* aWidget) { aWidget->installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* aEvent) override
+    {
+        if (aEvent->type() == QEvent::Paint)
+            thePainted += static_cast<QPaintEvent*>(aEvent)->region();
+        return false;
+    }
+
+    QRegion thePainted;
+};
+
+} // namespace
 
 void TestEditorView::rightButtonGoesToTheGrabberAlone()
 {
@@ -297,6 +320,33 @@ void TestEditorView::fitShowsTheWholePicture()
         QCOMPARE(f.theEditor.horizontalScrollBar()->maximum(), 0);
         QCOMPARE(f.theEditor.verticalScrollBar()->maximum(), 0);
     }
+}
+
+void TestEditorView::rubberBandRepaintsItsLinesOnly()
+{
+    EditorFixture f;
+    const QPoint from(50, 40);
+    const QPoint first(250, 200);
+    const QPoint second(300, 240);
+    f.press(from);
+    f.move(first);
+    QCoreApplication::processEvents();
+    PaintWatch watch(f.theEditor.viewport());
+    f.move(second);
+    QCoreApplication::processEvents();
+    for (const QPoint& end : {first, second}) {
+        const QPoint corner = f.toViewport(from);
+        const QPoint last = f.toViewport(end + QPoint(1, 1)); // lines stand on the band's outer edges
+        for (int x = corner.x(); x <= last.x(); ++x)
+            QVERIFY(watch.thePainted.contains(QPoint(x, corner.y())) &&
+                    watch.thePainted.contains(QPoint(x, last.y())));
+        for (int y = corner.y(); y <= last.y(); ++y)
+            QVERIFY(watch.thePainted.contains(QPoint(corner.x(), y)) &&
+                    watch.thePainted.contains(QPoint(last.x(), y)));
+    }
+    const QRect inside(f.toViewport(from + QPoint(10, 10)), f.toViewport(first - QPoint(10, 10)));
+    QVERIFY(!watch.thePainted.intersects(inside));
+    f.release(second);
 }
 
 MEASURE_TEST_MAIN(TestEditorView)

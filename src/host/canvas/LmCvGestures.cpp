@@ -149,6 +149,7 @@ bool LmCvGestures::sendPressToTool(LmCvManipulator* aTool, QMouseEvent* aEvent)
 
 bool LmCvGestures::move(QMouseEvent* aEvent)
 {
+    const QRect formerBand = rubberBand();
     theCurrentPos = aEvent->position();
     theCurrentPoint = theEditor.toCanvas(theCurrentPos);
     Q_EMIT theEditor.signalPointerMoved(theCurrentPoint);
@@ -171,7 +172,8 @@ bool LmCvGestures::move(QMouseEvent* aEvent)
         dragGroup();
         return true;
     case kRubberBand:
-        theEditor.viewport()->update();
+        repaintFrame(formerBand);
+        repaintFrame(rubberBand());
         return true;
     case kWatchedPress:
     case kTogglePress:

@@ -75,6 +75,8 @@ private:
     bool startPan(const QMouseEvent* aEvent);
     void pan(const QPointF& aViewportPos);
     bool movedFar() const;
+    /// Repaints the lines of a band, not what they enclose.
+    void repaintFrame(const QRect& aBand);
     void reset();
 
     LmCvEditor& theEditor;

@@ -7,7 +7,9 @@
 
 #include <QContextMenuEvent>
 #include <QLineF>
+#include <QMargins>
 #include <QMouseEvent>
+#include <QRegion>
 #include <QWheelEvent>
 
 #include <utility>
@@ -15,6 +17,7 @@
 namespace {
 
 constexpr double kClickReach = 3.0; // screen pixels; a shorter way is a click
+constexpr int kFrameReach = 2;      // screen pixels on both sides of a line, which stands on no whole pixel
 constexpr int kWheelStep = 120;     // angle units of one notch
 
 } // namespace
@@ -101,6 +104,15 @@ QRect LmCvGestures::rubberBand() const
     const QPoint last(qMax(thePressPoint.x(), theCurrentPoint.x()),
                       qMax(thePressPoint.y(), theCurrentPoint.y()));
     return QRect(first, last);
+}
+
+void LmCvGestures::repaintFrame(const QRect& aBand)
+{
+    if (aBand.isNull())
+        return;
+    const QRect frame = theEditor.canvasToViewport().mapRect(QRectF(aBand)).toAlignedRect();
+    const QMargins reach(kFrameReach, kFrameReach, kFrameReach, kFrameReach);
+    theEditor.viewport()->update(QRegion(frame + reach) - QRegion(frame - reach));
 }
 
 void LmCvGestures::updateCursor()
