@@ -32,7 +32,7 @@ private Q_SLOTS:
     void hitOnTheLineHasNodeZero();
     void startIsHitByEachFlankWithOneDiagonal();
     void endIsHitByItsSecondFlankAlone();
-    void arrowWithoutLengthIsHitOnItsPointOnly();
+    void itemWithoutLengthIsHitAlongTheSquaresDiagonals();
     void pressOnTheStartKeepsTheEndStill();
     void pressOnTheEndKeepsTheStartStill();
     void arrowHeadComesBeforeTheLine();
@@ -154,7 +154,7 @@ void TestDistanceHits::endIsHitByItsSecondFlankAlone()
     QCOMPARE(end, QPoint(-1, -1));
 }
 
-void TestDistanceHits::arrowWithoutLengthIsHitOnItsPointOnly()
+void TestDistanceHits::itemWithoutLengthIsHitAlongTheSquaresDiagonals()
 {
     theItem->setPoints(QPoint(100, 100), QPoint(100, 100));
     QPoint end(-1, -1);
@@ -163,6 +163,16 @@ void TestDistanceHits::arrowWithoutLengthIsHitOnItsPointOnly()
     int node = 0;
     QVERIFY(!theItem->isPointOnArrow(QPoint(110, 100), end, 8));
     QVERIFY(!theItem->isPointOnObject(QPoint(110, 100), node, 8));
+    // A segment of length zero meets every segment on whose straight line it lies, however far away. The
+    // first diagonal of a square around (110, 110) lies so, the second of an odd one around (110, 90).
+    end = QPoint(-1, -1);
+    QVERIFY(theItem->isPointOnArrow(QPoint(110, 110), end, 8));
+    QCOMPARE(end, QPoint(100, 100));
+    QVERIFY(theItem->isPointOnObject(QPoint(110, 110), node, 8));
+    QVERIFY(!theItem->isPointOnArrow(QPoint(110, 111), end, 8));
+    QVERIFY(!theItem->isPointOnArrow(QPoint(110, 90), end, 8));
+    QVERIFY(theItem->isPointOnArrow(QPoint(110, 90), end, 7));
+    QVERIFY(theItem->isPointOnObject(QPoint(110, 90), node, 7));
 }
 
 void TestDistanceHits::pressOnTheStartKeepsTheEndStill()

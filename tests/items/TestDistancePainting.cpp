@@ -185,6 +185,8 @@ void TestDistancePainting::labelLiesAlongTheLine_data()
         row("leftward rising", QPoint(-140, -60));
         row("leftward falling", QPoint(-60, 141));
         row("nearly vertical", QPoint(3, 160));
+        row("down", QPoint(0, 160));
+        row("up", QPoint(0, -160));
     }
 }
 
