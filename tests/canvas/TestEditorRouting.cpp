@@ -1,10 +1,7 @@
 #include "EditorFixture.h"
 #include "TestFont.h"
 
-#include <QPaintEvent>
 #include <QSignalSpy>
-
-#include <functional>
 
 class TestEditorRouting : public QObject
 {
@@ -20,46 +17,7 @@ private Q_SLOTS:
     void ignoredPressBeginsNoAction();
     void quickSecondClickIsAPressUnlessTheToolTakesIt();
     void leavingTheViewIsTold();
-    void whatAToolChangesIsShownAfterEachEvent();
 };
-
-namespace {
-
-/// Moves its item with every event of a kind and leaves it to the editor to show it.
-class MovingTool : public ProbeTool
-{
-public:
-    MovingTool() : ProbeTool(nullptr, ProbeTool::kType + 2) {}
-
-    void mouseLeaveEvent(QEvent*) override { moveItem(); }
-    void keyPressEvent(QKeyEvent*) override { moveItem(); }
-    void mouseDoubleClickEvent(QMouseEvent* aEvent) override
-    {
-        moveItem();
-        aEvent->accept();
-    }
-
-private:
-    void moveItem() { item(1)->place(item(1)->theCorner + QPoint(5, 0)); }
-};
-
-/// Keeps what is painted of the widget.
-class PaintWatch : public QObject
-{
-public:
-    explicit PaintWatch(QWidget* aWidget) { aWidget->installEventFilter(this); }
-
-    bool eventFilter(QObject*, QEvent* aEvent) override
-    {
-        if (aEvent->type() == QEvent::Paint)
-            thePainted += static_cast<QPaintEvent*>(aEvent)->region();
-        return false;
-    }
-
-    QRegion thePainted;
-};
-
-} // namespace
 
 void TestEditorRouting::toolGetsPressMoveAndReleaseInCanvasCoordinates()
 {
@@ -184,38 +142,6 @@ void TestEditorRouting::leavingTheViewIsTold()
     QCoreApplication::sendEvent(f.theEditor.viewport(), &event);
     QCOMPARE(f.theTool.theEvents, QStringList(QStringLiteral("leave")));
     QCOMPARE(left.count(), 1);
-}
-
-void TestEditorRouting::whatAToolChangesIsShownAfterEachEvent()
-{
-    EditorFixture f;
-    MovingTool tool;
-    tool.setUndoStack(&f.theStack);
-    tool.setCvEditor(&f.theEditor);
-    tool.initManipulator(&f.theBar);
-    ProbeItem* item = tool.create(QPoint(50, 50));
-    f.theEditor.setCurrentManipulator(&tool);
-    QWidget* viewport = f.theEditor.viewport();
-    QEvent leave(QEvent::Leave);
-    const std::function<void()> events[] = {
-        [&] { QCoreApplication::sendEvent(viewport, &leave); },
-        [&] { QTest::keyPress(viewport, Qt::Key_A); },
-        [&] {
-            QTest::mouseEvent(QTest::MouseDClick, viewport, Qt::LeftButton, Qt::NoModifier,
-                              f.toViewport(EditorFixture::kEmpty));
-        },
-    };
-    for (const auto& event : events) {
-        f.theEditor.canvas()->update();
-        QCoreApplication::processEvents();
-        PaintWatch watch(viewport);
-        const QRect former = item->square();
-        event();
-        QVERIFY(item->square() != former);
-        QCoreApplication::processEvents();
-        QVERIFY(watch.thePainted.contains(f.toViewport(item->square().center())));
-    }
-    f.theStack.clear();
 }
 
 MEASURE_TEST_MAIN(TestEditorRouting)

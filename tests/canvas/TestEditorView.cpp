@@ -2,7 +2,6 @@
 #include "TestFont.h"
 
 #include <QKeyEvent>
-#include <QPaintEvent>
 #include <QRandomGenerator>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -12,13 +11,6 @@ class TestEditorView : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // Right button and menu.
-    void rightButtonGoesToTheGrabberAlone();
-    void menuIsForTheItemOrTheCanvas();
-    void noMenuDuringAnAction();
-    void rightPressThatTheToolClaimsIsItsOwnAndOpensNoMenu();
-
-    // Panning and zooming.
     void middleButtonPans();
     void spaceBarPans();
     void panningWorksInTheMiddleOfADrag();
@@ -30,116 +22,7 @@ private Q_SLOTS:
     void stepsBackGiveTheVerySameZoom();
     void zoomReachesHiddenItemsToo();
     void fitShowsTheWholePicture();
-
-    void rubberBandRepaintsItsLinesOnly();
 };
-
-namespace {
-
-/// Keeps what is painted of the widget.
-class PaintWatch : public QObject
-{
-public:
-    explicit PaintWatch(QWidget* aWidget) { aWidget->installEventFilter(this); }
-
-    bool eventFilter(QObject*, QEvent* aEvent) override
-    {
-        if (aEvent->type() == QEvent::Paint)
-            thePainted += static_cast<QPaintEvent*>(aEvent)->region();
-        return false;
-    }
-
-    QRegion thePainted;
-};
-
-} // namespace
-
-void TestEditorView::rightButtonGoesToTheGrabberAlone()
-{
-    EditorFixture f;
-    ProbeItem* item = f.theTool.create(QPoint(50, 50));
-    f.theEditor.setCurrentManipulator(&f.theTool);
-    f.press(QPoint(60, 60), Qt::RightButton);
-    f.release(QPoint(60, 60), Qt::RightButton);
-    f.press(EditorFixture::kEmpty, Qt::RightButton);
-    f.release(EditorFixture::kEmpty, Qt::RightButton);
-    QVERIFY(f.theTool.theEvents.isEmpty());
-    QCOMPARE(item->thePresses, 0);
-
-    f.theEditor.setMouseGrabber(&f.theTool, true);
-    f.press(EditorFixture::kEmpty, Qt::RightButton);
-    QCOMPARE(f.theTool.theLastButton, Qt::RightButton);
-    f.release(EditorFixture::kEmpty, Qt::RightButton);
-    QCOMPARE(f.theTool.theEvents, (QStringList{ProbeTool::noted("press", EditorFixture::kEmpty),
-                                               ProbeTool::noted("release", EditorFixture::kEmpty)}));
-}
-
-void TestEditorView::menuIsForTheItemOrTheCanvas()
-{
-    EditorFixture f;
-    ProbeItem* item = f.theTool.create(QPoint(50, 50));
-    QSignalSpy menu(&f.theEditor, &LmCvEditor::signalContextMenu);
-    QVERIFY(f.contextMenu(QPoint(60, 60)));
-    QVERIFY(f.contextMenu(EditorFixture::kEmpty));
-    QCOMPARE(menu.count(), 2);
-    QCOMPARE(menu[0][0].value<LmCvObject*>(), item);
-    QCOMPARE(menu[0][1].toPoint(), QPoint(60, 60));
-    QVERIFY(!menu[1][0].value<LmCvObject*>());
-    // With a tool of another type too.
-    f.theEditor.setCurrentManipulator(&f.theOtherTool);
-    f.contextMenu(QPoint(60, 60));
-    QCOMPARE(menu[2][0].value<LmCvObject*>(), item);
-}
-
-void TestEditorView::noMenuDuringAnAction()
-{
-    EditorFixture f;
-    QSignalSpy menu(&f.theEditor, &LmCvEditor::signalContextMenu);
-    f.theEditor.setCurrentManipulator(&f.theTool);
-    f.press(EditorFixture::kEmpty);
-    f.press(EditorFixture::kEmpty, Qt::RightButton);
-    f.contextMenu(EditorFixture::kEmpty);
-    f.release(EditorFixture::kEmpty, Qt::RightButton);
-    f.release(EditorFixture::kEmpty);
-    QCOMPARE(menu.count(), 0);
-
-    // The right press that ended the tool's action opens no menu either.
-    f.theEditor.setMouseGrabber(&f.theTool, true);
-    f.press(EditorFixture::kEmpty, Qt::RightButton);
-    f.theEditor.setMouseGrabber(nullptr, false);
-    f.release(EditorFixture::kEmpty, Qt::RightButton);
-    f.contextMenu(EditorFixture::kEmpty);
-    QCOMPARE(menu.count(), 0);
-
-    f.press(EditorFixture::kEmpty, Qt::RightButton);
-    f.contextMenu(EditorFixture::kEmpty);
-    f.release(EditorFixture::kEmpty, Qt::RightButton);
-    QCOMPARE(menu.count(), 1);
-}
-
-void TestEditorView::rightPressThatTheToolClaimsIsItsOwnAndOpensNoMenu()
-{
-    EditorFixture f;
-    ProbeItem* item = f.theTool.create(QPoint(50, 50));
-    QSignalSpy menu(&f.theEditor, &LmCvEditor::signalContextMenu);
-    f.theEditor.setCurrentManipulator(&f.theTool);
-    f.theTool.theClaims = true;
-    f.press(QPoint(60, 60), Qt::RightButton);
-    QCOMPARE(f.theTool.theClaimedHit, item);
-    QCOMPARE(f.theTool.theLastButton, Qt::RightButton);
-    f.release(QPoint(60, 60), Qt::RightButton);
-    f.contextMenu(QPoint(60, 60));
-    QCOMPARE(f.theTool.theEvents, (QStringList{ProbeTool::noted("press", QPoint(60, 60)),
-                                               ProbeTool::noted("release", QPoint(60, 60))}));
-    QCOMPARE(menu.count(), 0);
-
-    f.theTool.theClaims = false;
-    f.press(QPoint(60, 60), Qt::RightButton);
-    f.release(QPoint(60, 60), Qt::RightButton);
-    f.contextMenu(QPoint(60, 60));
-    QCOMPARE(f.theTool.theEvents.size(), 2);
-    QCOMPARE(menu.count(), 1);
-}
 
 void TestEditorView::middleButtonPans()
 {
@@ -320,33 +203,6 @@ void TestEditorView::fitShowsTheWholePicture()
         QCOMPARE(f.theEditor.horizontalScrollBar()->maximum(), 0);
         QCOMPARE(f.theEditor.verticalScrollBar()->maximum(), 0);
     }
-}
-
-void TestEditorView::rubberBandRepaintsItsLinesOnly()
-{
-    EditorFixture f;
-    const QPoint from(50, 40);
-    const QPoint first(250, 200);
-    const QPoint second(300, 240);
-    f.press(from);
-    f.move(first);
-    QCoreApplication::processEvents();
-    PaintWatch watch(f.theEditor.viewport());
-    f.move(second);
-    QCoreApplication::processEvents();
-    for (const QPoint& end : {first, second}) {
-        const QPoint corner = f.toViewport(from);
-        const QPoint last = f.toViewport(end + QPoint(1, 1)); // lines stand on the band's outer edges
-        for (int x = corner.x(); x <= last.x(); ++x)
-            QVERIFY(watch.thePainted.contains(QPoint(x, corner.y())) &&
-                    watch.thePainted.contains(QPoint(x, last.y())));
-        for (int y = corner.y(); y <= last.y(); ++y)
-            QVERIFY(watch.thePainted.contains(QPoint(corner.x(), y)) &&
-                    watch.thePainted.contains(QPoint(last.x(), y)));
-    }
-    const QRect inside(f.toViewport(from + QPoint(10, 10)), f.toViewport(first - QPoint(10, 10)));
-    QVERIFY(!watch.thePainted.intersects(inside));
-    f.release(second);
 }
 
 MEASURE_TEST_MAIN(TestEditorView)
