@@ -7,9 +7,18 @@
 
 #include <QColor>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kShownValueParam = 2;
+
+bool hasLiveValue(LmCvManipulator& aTool, const LmCvObject& aItem, const QStringList& aNames)
+{
+    QString unit;
+    return std::any_of(aNames.cbegin(), aNames.cend(),
+                       [&](const QString& aName) { return aTool.getValue(aName, &aItem, unit).isValid(); });
+}
 
 } // namespace
 
@@ -23,8 +32,7 @@ void ItemRecord::showLiveValue(LmCvObject& aItem)
     if (!data || data->count() <= kShownValueParam)
         return;
     const QString name = data->getKeyframe(kShownValueParam, kernel.theCurrentFrame).getValue().toString();
-    QString unit;
-    if (tool->getValue(name, &aItem, unit).isValid())
+    if (hasLiveValue(*tool, aItem, {name}) || hasLiveValue(*tool, aItem, tool->getAnimatedValueNames()))
         tool->updateDisplayValue(&aItem, name, false, false);
 }
 
