@@ -1,6 +1,7 @@
 #include "EditorFixture.h"
 #include "TestFont.h"
 
+#include <QMap>
 #include <QPaintEvent>
 
 #include <functional>
@@ -10,6 +11,7 @@ class TestEditorPaint : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void whatAToolChangesIsShownAfterEachEvent_data();
     void whatAToolChangesIsShownAfterEachEvent();
     void rubberBandRepaintsItsLinesOnly();
 };
@@ -52,6 +54,13 @@ public:
 
 } // namespace
 
+void TestEditorPaint::whatAToolChangesIsShownAfterEachEvent_data()
+{
+    QTest::addColumn<QString>("event");
+    for (const char* event : {"leave", "key", "double click"})
+        QTest::newRow(event) << QString::fromLatin1(event);
+}
+
 void TestEditorPaint::whatAToolChangesIsShownAfterEachEvent()
 {
     EditorFixture f;
@@ -63,24 +72,25 @@ void TestEditorPaint::whatAToolChangesIsShownAfterEachEvent()
     f.theEditor.setCurrentManipulator(&tool);
     QWidget* viewport = f.theEditor.viewport();
     QEvent leave(QEvent::Leave);
-    const std::function<void()> events[] = {
-        [&] { QCoreApplication::sendEvent(viewport, &leave); },
-        [&] { QTest::keyPress(viewport, Qt::Key_A); },
-        [&] {
-            QTest::mouseEvent(QTest::MouseDClick, viewport, Qt::LeftButton, Qt::NoModifier,
-                              f.toViewport(EditorFixture::kEmpty));
-        },
+    const QMap<QString, std::function<void()>> events{
+        {QStringLiteral("leave"), [&] { QCoreApplication::sendEvent(viewport, &leave); }},
+        {QStringLiteral("key"), [&] { QTest::keyPress(viewport, Qt::Key_A); }},
+        {QStringLiteral("double click"),
+         [&] {
+             QTest::mouseEvent(QTest::MouseDClick, viewport, Qt::LeftButton, Qt::NoModifier,
+                               f.toViewport(EditorFixture::kEmpty));
+         }},
     };
-    for (const auto& event : events) {
-        f.theEditor.canvas()->update();
-        QCoreApplication::processEvents();
-        PaintWatch watch(viewport);
-        const QRect former = item->square();
-        event();
-        QVERIFY(item->square() != former);
-        QCoreApplication::processEvents();
-        QVERIFY(watch.thePainted.contains(f.toViewport(item->square().center())));
-    }
+    QFETCH(QString, event);
+    QVERIFY(events.contains(event));
+    f.theEditor.canvas()->update();
+    QCoreApplication::processEvents();
+    PaintWatch watch(viewport);
+    const QRect former = item->square();
+    events[event]();
+    QVERIFY(item->square() != former);
+    QCoreApplication::processEvents();
+    QVERIFY(watch.thePainted.contains(f.toViewport(item->square().center())));
     f.theStack.clear();
 }
 

@@ -1,6 +1,5 @@
 #include "CmdRemoveObject.h"
 #include "EditorFixture.h"
-#include "LmKernelObjectData.h"
 #include "TestFont.h"
 
 #include <QSignalSpy>
@@ -14,9 +13,6 @@ private Q_SLOTS:
     void itemIsDraggedAndReportedOnce();
     void clickOnAnItemMakesItCurrentAndChangesNothing();
     void moveWithinACanvasPixelChangesNothing();
-    void labelFollowsTheDrag();
-    void labelIsBlankWhileTheDraggedItemHasNoSuchValue();
-    void labelOfAToolWithoutLiveValuesStaysDuringTheDrag();
     void withAToolOnlyItsOwnItemsCount();
     void controlTakesAnItemOfAnotherTool();
     void controlBeginsANewObjectOnTopOfAnOwnOne();
@@ -35,18 +31,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-/// Knows values only from records.
-class RecordTool : public ProbeTool
-{
-public:
-    RecordTool() : ProbeTool(nullptr, ProbeTool::kType + 2) {}
-
-    QVariant getValue(const QString& aName, const LmCvObject* aObject, QString& aUnit) override
-    {
-        return LmCvManipulator::getValue(aName, aObject, aUnit);
-    }
-};
 
 /// Goes back to the selection arrow with each press.
 class LeavingTool : public ProbeTool
@@ -107,47 +91,6 @@ void TestItemRouting::moveWithinACanvasPixelChangesNothing()
     QCOMPARE(item->thePresses, 1);
     QCOMPARE(item->theMoves, 0);
     QCOMPARE(f.theStack.count(), 1);
-}
-
-void TestItemRouting::labelFollowsTheDrag()
-{
-    EditorFixture f;
-    ProbeItem* item = f.theTool.create(QPoint(50, 50));
-    f.press(QPoint(60, 60));
-    f.move(QPoint(90, 60));
-    QCOMPARE(item->theDisplayValue, QStringLiteral("80.00px"));
-    f.release(QPoint(90, 60));
-    QCOMPARE(item->theDisplayValue, QStringLiteral("80.00"));
-}
-
-void TestItemRouting::labelIsBlankWhileTheDraggedItemHasNoSuchValue()
-{
-    EditorFixture f;
-    ProbeItem* item = f.theTool.create(QPoint(50, 50));
-    f.theTool.record(1)->storeValue(ProbeTool::kShownValue, kDefaultFrame, QStringLiteral("Count"));
-    f.theTool.updateDisplayValue(item, QStringLiteral("Count"), true, true);
-    QCOMPARE(item->theDisplayValue, QStringLiteral("50"));
-    f.press(QPoint(60, 60));
-    f.move(QPoint(90, 60));
-    QCOMPARE(item->theDisplayValue, QString());
-    f.release(QPoint(90, 60));
-}
-
-void TestItemRouting::labelOfAToolWithoutLiveValuesStaysDuringTheDrag()
-{
-    EditorFixture f;
-    RecordTool tool;
-    tool.setUndoStack(&f.theStack);
-    tool.setCvEditor(&f.theEditor);
-    tool.initManipulator(&f.theBar);
-    ProbeItem* item = tool.create(QPoint(50, 50));
-    item->setDisplayValue(QStringLiteral("kept"));
-    f.press(QPoint(60, 60));
-    f.move(QPoint(90, 60));
-    QCOMPARE(item->theCorner, QPoint(80, 50));
-    QCOMPARE(item->theDisplayValue, QStringLiteral("kept"));
-    f.release(QPoint(90, 60));
-    f.theStack.clear();
 }
 
 void TestItemRouting::withAToolOnlyItsOwnItemsCount()
