@@ -15,6 +15,7 @@
 namespace {
 
 constexpr qsizetype kMaxBytes = 32 << 20;
+constexpr std::size_t kMaxFaces = 32; // a zoom above 1 has a face of its own
 constexpr double kStepsPerDegree = 2.0;
 constexpr int kLatinEnd = 0x250; // behind Latin Extended-B: no combining, no shaping
 constexpr double kPi = 3.14159265358979323846;
@@ -154,7 +155,7 @@ bool TurnedGlyphs::drawCentred(QPainter& aPainter, const QRectF& aRect, const QS
         aPainter.paintEngine()->type() != QPaintEngine::Raster)
         return false;
 
-    if (theBytes > kMaxBytes)
+    if (theBytes > kMaxBytes || theFaces.size() > kMaxFaces)
         clear();
     aPainter.setWorldTransform(QTransform());
     const QTransform toPixels = aPainter.deviceTransform();
