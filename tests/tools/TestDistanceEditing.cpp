@@ -263,6 +263,7 @@ void TestDistanceEditing::ownChangeIsNotTakenTwice()
     f.theTool.theSelfChange = true;
     Q_EMIT f.theKernel.signalObjectChanged(1102, 1, &other);
     Q_EMIT f.theKernel.signalObjectCreated(1102, 9, &other);
+    QCOMPARE(f.item(1)->theStart, QPoint(20, 50));
     f.item(1)->setPoints(QPoint(1, 1), QPoint(9, 9));
     LmCvManipulator::theCurrentViewAnimated = true;
     f.theKernel.showFrame(0, false);

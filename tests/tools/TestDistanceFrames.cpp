@@ -115,9 +115,11 @@ void TestDistanceFrames::otherFrameThanTheCurrentLeavesTheLabels()
     DistanceFixture& f = *theFixture;
     animate();
     f.theKernel.showFrame(0, false);
+    QCOMPARE(f.item(1)->theDisplayValue, QStringLiteral("20.00"));
+    f.item(1)->setDisplayValue(QStringLiteral("kept"));
     for (const long long frame : {10LL, -1LL}) {
         f.theTool.recreateCanvasObjects(f.theKernel.origin(), frame, true);
-        QCOMPARE(f.item(1)->theDisplayValue, QStringLiteral("20.00"));
+        QCOMPARE(f.item(1)->theDisplayValue, QStringLiteral("kept"));
     }
     QCOMPARE(f.item(1)->theEnd, QPoint(148, 50)); // the default
     f.theKernel.theCurrentFrame = 10;
