@@ -12,8 +12,8 @@
 
 namespace {
 
-// Turns the painter about the pivot. The new translation is worked out from the pivot's two images, the
-// second cut to whole pixels, so that the box edges fall on the same pixels while a line is dragged through
+// Turns the painter about the pivot, which keeps its place on the screen. The new translation is worked out
+// in whole pixels from the pivot's two images, so that the box stands still while a line is dragged through
 // nearby slopes.
 void turnAbout(QPainter& aPainter, const QPoint& aPivot, double aDegrees)
 {
@@ -23,8 +23,8 @@ void turnAbout(QPainter& aPainter, const QPoint& aPivot, double aDegrees)
 
     aPainter.rotate(aDegrees);
     const QTransform turned = aPainter.worldTransform();
-    const QPointF image = turned.map(QPointF(aPivot)) - QPointF(turned.dx(), turned.dy());
-    const QPoint shift = PointMath::difference(kept, PointMath::cut(image.x(), image.y()));
+    const QPoint image = PointMath::difference(turned.map(aPivot), PointMath::cut(turned.dx(), turned.dy()));
+    const QPoint shift = PointMath::difference(kept, image);
     aPainter.setWorldTransform(QTransform(turned.m11(), turned.m12(), turned.m21(), turned.m22(),
                                           turned.dx() + shift.x(), turned.dy() + shift.y()));
 }
