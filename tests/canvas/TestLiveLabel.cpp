@@ -21,10 +21,7 @@ class RecordTool : public ProbeTool
 public:
     RecordTool() : ProbeTool(nullptr, ProbeTool::kType + 2) {}
 
-    QVariant getValue(const QString& aName, const LmCvObject* aObject, QString& aUnit) override
-    {
-        return LmCvManipulator::getValue(aName, aObject, aUnit);
-    }
+    QVariant getValue(const QString&, const LmCvObject*, QString&) override { return QVariant(); }
 };
 
 } // namespace

@@ -33,7 +33,6 @@ void makeThree(EditorFixture& aFixture)
 
 const QPoint kFirst(60, 60);
 const QPoint kSecond(110, 60);
-const QPoint kThird(160, 60);
 
 } // namespace
 

@@ -143,9 +143,9 @@ LmKernelObjectData* KernelFixture::makeRecord()
     values.setValue(kCol, QColor(10, 20, 30));
     values.setValue(kDispv, QStringLiteral("Distance"));
     values.setValue(kPos, QPoint(100, 200));
-    values.setValue(kPts, QVariant::fromValue<QPolygon>(QPolygon({{0, 0}, {10, 0}, {10, 10}})));
+    values.setValue(kPts, QVariant::fromValue<QPolygon>(QPolygon(QList<QPoint>{{0, 0}, {10, 0}, {10, 10}})));
     values.setValue(kNst, QByteArray("abc"));
-    values.setValue(kMarks, QVariant::fromValue<QPolygon>(QPolygon({{1, 1}, {2, 2}})));
+    values.setValue(kMarks, QVariant::fromValue<QPolygon>(QPolygon(QList<QPoint>{{1, 1}, {2, 2}})));
     values.setValue(kFont, QFont(QStringLiteral("DejaVu Sans"), 12));
     return new LmKernelObjectData(values, descriptor->getKeyframeTypes(), 0);
 }

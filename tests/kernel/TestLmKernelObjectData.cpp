@@ -178,7 +178,7 @@ void TestLmKernelObjectData::pointListsAreBlendedPointByPoint()
     theData->theAnimated = true;
     theData->storeValue(Fixture::kPts, 0, polygon({{0, 0}, {10, 10}}));
     theData->storeValue(Fixture::kPts, 10, polygon({{100, -100}, {20, 0}}));
-    QCOMPARE(ptsAt(3), QPolygon({{30, -30}, {13, 7}}));
+    QCOMPARE(ptsAt(3), QPolygon(QList<QPoint>{{30, -30}, {13, 7}}));
 }
 
 void TestLmKernelObjectData::pointListsOfUnequalLengthHoldTheEarlierOne()
@@ -186,8 +186,8 @@ void TestLmKernelObjectData::pointListsOfUnequalLengthHoldTheEarlierOne()
     theData->theAnimated = true;
     theData->storeValue(Fixture::kPts, 0, polygon({{0, 0}, {10, 10}}));
     theData->storeValue(Fixture::kPts, 10, polygon({{100, 100}}));
-    QCOMPARE(ptsAt(9), QPolygon({{0, 0}, {10, 10}}));
-    QCOMPARE(ptsAt(10), QPolygon({{100, 100}}));
+    QCOMPARE(ptsAt(9), QPolygon(QList<QPoint>{{0, 0}, {10, 10}}));
+    QCOMPARE(ptsAt(10), QPolygon(QList<QPoint>{{100, 100}}));
 }
 
 void TestLmKernelObjectData::heldValuesStayUntilTheNextKeyframe()
@@ -198,10 +198,10 @@ void TestLmKernelObjectData::heldValuesStayUntilTheNextKeyframe()
     const auto marksAt = [&](long long aFrame) {
         return theData->getKeyframe(Fixture::kMarks, aFrame).getValue().value<QPolygon>();
     };
-    QCOMPARE(marksAt(0), QPolygon({{0, 0}}));
-    QCOMPARE(marksAt(5), QPolygon({{0, 0}}));
-    QCOMPARE(marksAt(6), QPolygon({{40, 40}}));
-    QCOMPARE(marksAt(60), QPolygon({{40, 40}}));
+    QCOMPARE(marksAt(0), QPolygon(QList<QPoint>{{0, 0}}));
+    QCOMPARE(marksAt(5), QPolygon(QList<QPoint>{{0, 0}}));
+    QCOMPARE(marksAt(6), QPolygon(QList<QPoint>{{40, 40}}));
+    QCOMPARE(marksAt(60), QPolygon(QList<QPoint>{{40, 40}}));
 }
 
 void TestLmKernelObjectData::oneKeyframeCountsAtAllFrames()
@@ -369,7 +369,7 @@ void TestLmKernelObjectData::pointListsOfOtherTypesAreStoredAsPolygons()
     const QVariant list = QVariant::fromValue(QPolygon() << QPoint(1, 2) << QPoint(3, 4));
     QVERIFY(list.metaType() != QMetaType::fromType<QPolygon>());
     theData->storeValue(Fixture::kPts, kDefaultFrame, list);
-    QCOMPARE(ptsAt(-1), QPolygon({{1, 2}, {3, 4}}));
+    QCOMPARE(ptsAt(-1), QPolygon(QList<QPoint>{{1, 2}, {3, 4}}));
     LmParamKeyframeVector values(1);
     values.setValue(0, list);
     const LmKernelObjectData other(values, {ParamDescr::kBlended}, 0);

@@ -107,7 +107,8 @@ void TestLmKernelObjectDataDescr::valuesOfOtherTypesAreRefused_data()
     QTest::newRow("real point for point") << "pos" << QVariant(QPointF(1, 2));
     QTest::newRow("point for points") << "pts" << QVariant(QPoint(1, 2));
     QTest::newRow("real points for points") << "pts" << QVariant(QPolygonF({{1, 2}}));
-    QTest::newRow("points for point") << "pos" << QVariant::fromValue<QPolygon>(QPolygon({{1, 2}}));
+    QTest::newRow("points for point")
+        << "pos" << QVariant::fromValue<QPolygon>(QPolygon(QList<QPoint>{{1, 2}}));
     QTest::newRow("texts for points") << "pts" << QVariant(QStringList({"1", "2"}));
     QTest::newRow("no value") << "vis" << QVariant();
 }
@@ -126,7 +127,7 @@ void TestLmKernelObjectDataDescr::everyKindOfPointListBecomesAPolygon()
     if (!QMetaType::hasRegisteredConverterFunction<OtherPointArray, QPolygon>())
         QVERIFY((QMetaType::registerConverter<OtherPointArray, QPolygon>(
             [](const OtherPointArray& aList) { return QPolygon(aList); })));
-    const QPolygon expected({{1, 2}, {3, 4}});
+    const QPolygon expected(QList<QPoint>{{1, 2}, {3, 4}});
     OtherPointArray other;
     other << QPoint(1, 2) << QPoint(3, 4);
     const QVariant lists[] = {QVariant::fromValue<QPolygon>(expected), QVariant::fromValue(other),

@@ -130,7 +130,7 @@ void TestRecordXml::goodElementIsRead()
     QCOMPARE(data->storedValue(Fixture::kPos, -1), QVariant(QPoint(12, 34)));
     QCOMPARE(data->storedValue(Fixture::kPos, 5), QVariant(QPoint(-1, 2)));
     QCOMPARE(data->getKeyframedFrames(), QList<long long>({5, 9}));
-    QCOMPARE(data->storedValue(Fixture::kPts, -1).value<QPolygon>(), QPolygon({{1, 2}, {3, 4}}));
+    QCOMPARE(data->storedValue(Fixture::kPts, -1).value<QPolygon>(), QPolygon(QList<QPoint>{{1, 2}, {3, 4}}));
     QCOMPARE(data->storedValue(Fixture::kNst, -1), QVariant(QByteArray("abc")));
     QCOMPARE(data->storedValue(Fixture::kMarks, -1).typeId(), int(QMetaType::QPolygon));
     QVERIFY(!data->storedValue(Fixture::kFont, -1).isValid());
