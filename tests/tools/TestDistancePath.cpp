@@ -1,19 +1,8 @@
 #include "CmdSwitchAnimation.h"
-#include "DistanceFixture.h"
+#include "PathFixture.h"
 #include "TestFont.h"
 
 #include <memory>
-
-using Path = QLinkedList<LmParamKeyframe>;
-
-namespace {
-
-LmParamKeyframe at(long long aFrame, int aX, int aY)
-{
-    return LmParamKeyframe(aFrame, QPoint(aX, aY));
-}
-
-} // namespace
 
 /// Copying the path of a distance.
 class TestDistancePath : public QObject
@@ -21,7 +10,7 @@ class TestDistancePath : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { theFixture = std::make_unique<PathFixture>(); }
     void cleanup() { theFixture.reset(); }
 
     void copiesThePathOfTheMiddle();
@@ -37,40 +26,15 @@ private Q_SLOTS:
     void copyUsesItsOwnTolerances();
 
 private:
-    void animate(bool aEnds);
     void copy(const QPoint& aPoint) { theFixture->theTool.copyAnimKeyframes(theFixture->item(1), aPoint); }
 
-    std::unique_ptr<DistanceFixture> theFixture;
+    std::unique_ptr<PathFixture> theFixture;
     Path& theClipboard = LmCvManipulator::theClipboardKeyframes;
-    const QPoint theStartHead{20, 50};
-    const QPoint theEndHead{148, 50};
-    const QPoint theLine{84, 50};
 };
-
-// A line from (20, 50) to (148, 50): record (124, 80) and (64, 0).
-void TestDistancePath::init()
-{
-    theFixture = std::make_unique<DistanceFixture>();
-    theFixture->drag(theStartHead, theEndHead);
-    theClipboard = Path{at(1, 1, 1)};
-}
-
-// Keyframes of the middle at 0 and 10, of the vector to the end only if asked for.
-void TestDistancePath::animate(bool aEnds)
-{
-    LmKernelObjectData* record = theFixture->record(1);
-    record->theAnimated = true;
-    record->storeValue(DistanceFixture::kPos, 0, QPoint(100, 100));
-    record->storeValue(DistanceFixture::kPos, 10, QPoint(200, 120));
-    if (!aEnds)
-        return;
-    record->storeValue(DistanceFixture::kEp, 0, QPoint(10, 5));
-    record->storeValue(DistanceFixture::kEp, 10, QPoint(30, -7));
-}
 
 void TestDistancePath::copiesThePathOfTheMiddle()
 {
-    animate(true);
+    theFixture->animate(true);
     copy(theLine);
     QCOMPARE(theClipboard, (Path{at(0, 100, 100), at(10, 200, 120)}));
     QCOMPARE(theFixture->theStack.count(), 1);
@@ -86,7 +50,7 @@ void TestDistancePath::copiesThePathOfAnEnd_data()
 void TestDistancePath::copiesThePathOfAnEnd()
 {
     QFETCH(bool, atStart);
-    animate(true);
+    theFixture->animate(true);
     copy(atStart ? theStartHead : theEndHead);
     QCOMPARE(theClipboard,
              atStart ? (Path{at(0, 90, 95), at(10, 170, 127)}) : (Path{at(0, 110, 105), at(10, 230, 113)}));
@@ -95,7 +59,7 @@ void TestDistancePath::copiesThePathOfAnEnd()
 void TestDistancePath::copiesThePathOfAnEndThatStandsStillForNow()
 {
     QFETCH(bool, atStart);
-    animate(true);
+    theFixture->animate(true);
     LmKernelObjectData* record = theFixture->record(1);
     record->storeValue(DistanceFixture::kEp, 5, QPoint(1, 2)); // the middle is at (150, 110) then
     theFixture->theStack.push(new CmdSwitchAnimation(DistanceFixture::kType, 1, false));
@@ -114,7 +78,7 @@ void TestDistancePath::copiesThePathOfAnEndThatStandsStillForNow()
 
 void TestDistancePath::copyTakesTheMiddleBetweenItsKeyframes()
 {
-    animate(false);
+    theFixture->animate(false);
     LmKernelObjectData* record = theFixture->record(1);
     record->storeValue(DistanceFixture::kEp, 5, QPoint(10, 5));
     record->storeValue(DistanceFixture::kEp, 20, QPoint(1, 1));
@@ -125,7 +89,7 @@ void TestDistancePath::copyTakesTheMiddleBetweenItsKeyframes()
 
 void TestDistancePath::copySkipsKeyframesWithoutAValue()
 {
-    animate(true);
+    theFixture->animate(true);
     LmKernelObjectData* record = theFixture->record(1);
     record->getAnimationKeyframes(DistanceFixture::kPos).append(LmParamKeyframe(15, QVariant()));
     record->getAnimationKeyframes(DistanceFixture::kEp).prepend(LmParamKeyframe(0, QVariant()));
@@ -150,14 +114,14 @@ void TestDistancePath::copyOfAnEndNeedsTwoKeyframes()
 
 void TestDistancePath::missedCopyKeepsTheClipboard()
 {
-    animate(true);
+    theFixture->animate(true);
     copy(QPoint(84, 150));
     QCOMPARE(theClipboard, Path{at(1, 1, 1)});
 }
 
 void TestDistancePath::copyOfAForeignOrUnknownItemDoesNothing()
 {
-    animate(true);
+    theFixture->animate(true);
     DistanceFixture& f = *theFixture;
     LmCvDistance unknown(&f.theTool, f.theEditor.canvas(), QStringLiteral("1"), &f.theEditor);
     unknown.setPoints(theStartHead, theEndHead);
@@ -176,7 +140,7 @@ void TestDistancePath::copyOfAForeignOrUnknownItemDoesNothing()
 
 void TestDistancePath::copyUsesItsOwnTolerances()
 {
-    animate(true);
+    theFixture->animate(true);
     // A square of 4 reaches 2 before its middle and 1 behind it. One of 8 reaches 4 before it, so that around
     // (33, 57) it just touches the tip (29, 53) of the start's first flank.
     theFixture->item(1)->theSelSize = 100; // of the mouse, not of copying

@@ -1,19 +1,8 @@
 #include "CmdSwitchAnimation.h"
-#include "DistanceFixture.h"
+#include "PathFixture.h"
 #include "TestFont.h"
 
 #include <memory>
-
-using Path = QLinkedList<LmParamKeyframe>;
-
-namespace {
-
-LmParamKeyframe at(long long aFrame, int aX, int aY)
-{
-    return LmParamKeyframe(aFrame, QPoint(aX, aY));
-}
-
-} // namespace
 
 /// Letting a distance follow a path.
 class TestDistancePathPaste : public QObject
@@ -21,7 +10,7 @@ class TestDistancePathPaste : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { theFixture = std::make_unique<PathFixture>(); }
     void cleanup() { theFixture.reset(); }
 
     void pasteOnTheLineMovesTheMiddle();
@@ -38,37 +27,12 @@ private Q_SLOTS:
     void pasteUsesItsOwnTolerances();
 
 private:
-    void animate(bool aEnds);
     Path path(int aParam) { return theFixture->record(1)->getAnimationKeyframes(aParam); }
     void paste(const QPoint& aPoint) { theFixture->theTool.pasteAnimKeyframes(theFixture->item(1), aPoint); }
 
-    std::unique_ptr<DistanceFixture> theFixture;
+    std::unique_ptr<PathFixture> theFixture;
     Path& theClipboard = LmCvManipulator::theClipboardKeyframes;
-    const QPoint theStartHead{20, 50};
-    const QPoint theEndHead{148, 50};
-    const QPoint theLine{84, 50};
 };
-
-// A line from (20, 50) to (148, 50): record (124, 80) and (64, 0).
-void TestDistancePathPaste::init()
-{
-    theFixture = std::make_unique<DistanceFixture>();
-    theFixture->drag(theStartHead, theEndHead);
-    theClipboard = Path{at(1, 1, 1)};
-}
-
-// Keyframes of the middle at 0 and 10, of the vector to the end only if asked for.
-void TestDistancePathPaste::animate(bool aEnds)
-{
-    LmKernelObjectData* record = theFixture->record(1);
-    record->theAnimated = true;
-    record->storeValue(DistanceFixture::kPos, 0, QPoint(100, 100));
-    record->storeValue(DistanceFixture::kPos, 10, QPoint(200, 120));
-    if (!aEnds)
-        return;
-    record->storeValue(DistanceFixture::kEp, 0, QPoint(10, 5));
-    record->storeValue(DistanceFixture::kEp, 10, QPoint(30, -7));
-}
 
 void TestDistancePathPaste::pasteOnTheLineMovesTheMiddle()
 {
@@ -87,7 +51,7 @@ void TestDistancePathPaste::pasteOnTheLineMovesTheMiddle()
 
 void TestDistancePathPaste::pasteOnAnAnimatedLineHasOneCommand()
 {
-    animate(true);
+    theFixture->animate(true);
     theClipboard = Path{at(3, 100, 100)};
     paste(theLine);
     QCOMPARE(theFixture->theStack.command(1)->childCount(), 1);
@@ -129,7 +93,7 @@ void TestDistancePathPaste::pasteOnAnEndKeepsTheOther()
 
 void TestDistancePathPaste::pasteReadsTheTargetAtEachFrame()
 {
-    animate(true); // at 5: (150, 110) and (20, -1)
+    theFixture->animate(true); // at 5: (150, 110) and (20, -1)
     theClipboard = Path{at(0, 0, 0), at(5, 30, 11)};
     paste(theEndHead);
     // At 0 the start is (90, 95), at 5 it is (130, 111).
@@ -140,7 +104,7 @@ void TestDistancePathPaste::pasteReadsTheTargetAtEachFrame()
 
 void TestDistancePathPaste::pasteReadsTheKeptKeyframesOfATargetThatStandsStill()
 {
-    animate(true);
+    theFixture->animate(true);
     theFixture->theStack.push(new CmdSwitchAnimation(DistanceFixture::kType, 1, false));
     theClipboard = Path{at(0, 0, 0), at(5, 30, 11)};
     paste(theEndHead);
@@ -152,7 +116,7 @@ void TestDistancePathPaste::pasteReadsTheKeptKeyframesOfATargetThatStandsStill()
 
 void TestDistancePathPaste::pasteOfAnEmptyClipboardOnTheLine()
 {
-    animate(true);
+    theFixture->animate(true);
     theClipboard.clear();
     paste(theLine);
     QCOMPARE(theFixture->theStack.count(), 2);
@@ -164,7 +128,7 @@ void TestDistancePathPaste::pasteOfAnEmptyClipboardOnTheLine()
 
 void TestDistancePathPaste::pasteOfAnEmptyClipboardOnAnEnd()
 {
-    animate(true);
+    theFixture->animate(true);
     theClipboard.clear();
     paste(theStartHead);
     QCOMPARE(theFixture->theStack.count(), 2);
