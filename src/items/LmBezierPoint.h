@@ -9,7 +9,7 @@ class LmBezierPoint : public Q3PointArray
 {
 public:
     /// How the handle that isn't dragged follows the other. The numbers stand in saved records.
-    enum Synchro {
+    enum Synchro : int {
         kSynchroNone = 0,      // stays
         kSynchroDirection = 1, // keeps its length, points away from the dragged one
         kSynchroMirror = 2     // is the dragged one's reflection

@@ -75,7 +75,8 @@ LmCvObject* LmCvManipDist::newItem(const QString& aLabel)
     return new LmCvDistance(this, theCvEditor->canvas(), aLabel, theCvEditor);
 }
 
-LmCvObjectTool::NamedValues LmCvManipDist::geometryOf(const LmCvObject* aItem, const QPoint& aOrigin) const
+LmCvObjectTool::NamedValues LmCvManipDist::geometryOf(const LmCvObject* aItem, const QPoint& aOrigin,
+                                                      const LmKernelObjectData*) const
 {
     const auto* distance = static_cast<const LmCvDistance*>(aItem);
     const QPoint middle = PointMath::middle(distance->theStart, distance->theEnd);

@@ -44,7 +44,8 @@ protected:
     Texts texts() const override;
     QList<ParamDescr> geometryParams() const override;
     LmCvObject* newItem(const QString& aLabel) override;
-    NamedValues geometryOf(const LmCvObject* aItem, const QPoint& aOrigin) const override;
+    NamedValues geometryOf(const LmCvObject* aItem, const QPoint& aOrigin,
+                           const LmKernelObjectData* aFormer) const override;
     void applyGeometry(LmCvObject* aItem, const LmParamKeyframeVector& aValues,
                        const QPoint& aOrigin) const override;
 

@@ -21,16 +21,6 @@ namespace {
 // window (512).
 constexpr int kObjectFlags = 732;
 
-// Writes the values in their order; one that is refused ends the filling, and the vector stays as far as it
-// came.
-void fill(const LmKernelObjectDataDescr& aDescriptor, LmParamKeyframeVector& aVector,
-          const QList<QPair<QString, QVariant>>& aValues)
-{
-    for (const auto& [name, value] : aValues)
-        if (!aDescriptor.setValue(aVector, name, value))
-            return;
-}
-
 } // namespace
 
 LmCvObjectTool::LmCvObjectTool(int aObjectType, QObject* aParent) : LmCvManipulator(aParent)
@@ -151,24 +141,38 @@ void LmCvObjectTool::presentNewItem(LmCvObject* aItem)
     aItem->show();
 }
 
-void LmCvObjectTool::storeNewItem(LmCvObject* aItem, const QString& aShownValue)
+void LmCvObjectTool::beforeChange(const LmCvObject*, int, const LmKernelObjectData&) {}
+
+LmParamKeyframeVector LmCvObjectTool::vectorOf(const NamedValues& aValues) const
 {
     const LmKernelObjectDataDescr* descr = descriptor();
-    if (!descr)
+    LmParamKeyframeVector vector = descr->createKeyframeVector();
+    for (const auto& [name, value] : aValues)
+        if (!descr->setValue(vector, name, value))
+            break;
+    return vector;
+}
+
+void LmCvObjectTool::pushCreation(int aIdx, const NamedValues& aValues)
+{
+    auto* record = new LmKernelObjectData(vectorOf(aValues), descriptor()->getKeyframeTypes(), 0);
+    pushOwn(new CmdCreateObject(theObjectType, aIdx, record));
+}
+
+void LmCvObjectTool::storeNewItem(LmCvObject* aItem, const QString& aShownValue)
+{
+    if (!descriptor())
         return;
     // Undo may have been used since the press, so that the label gets its number anew.
     const int index = nextObjectIdx();
     aItem->theLabel = QString::number(index);
     theCvObjects.insert(index, aItem);
 
-    LmParamKeyframeVector vector = descr->createKeyframeVector();
-    NamedValues values = geometryOf(aItem, theKernelData->origin());
+    NamedValues values = geometryOf(aItem, theKernelData->origin(), nullptr);
     values << qMakePair(QStringLiteral("dispv"), QVariant(aShownValue))
            << qMakePair(QStringLiteral("col"), QVariant(LmAppSettings::theGridColor))
            << qMakePair(QStringLiteral("vis"), QVariant(true));
-    fill(*descr, vector, values);
-    auto* record = new LmKernelObjectData(vector, descr->getKeyframeTypes(), 0);
-    pushOwn(new CmdCreateObject(theObjectType, index, record));
+    pushCreation(index, values);
     updateDisplayValue(aItem, aShownValue, true, true);
 }
 
@@ -199,17 +203,16 @@ void LmCvObjectTool::slotCanvasObjectChanged(LmCvObject* aObject)
         return;
     const int index = getObjectIdx(aObject);
     const LmKernelObjectData* record = index < 0 ? nullptr : recordOf(index);
-    const LmKernelObjectDataDescr* descr = descriptor();
-    if (!record || !descr)
+    if (!record || !descriptor())
         return;
 
     const Int64 frame = theKernelData->theCurrentFrame;
-    LmParamKeyframeVector vector = descr->createKeyframeVector();
-    NamedValues values = geometryOf(aObject, theKernelData->origin());
+    NamedValues values = geometryOf(aObject, theKernelData->origin(), record);
+    beforeChange(aObject, index, *record);
     values << qMakePair(QStringLiteral("col"), QVariant(aObject->getColor()))
            << qMakePair(QStringLiteral("dispv"),
                         QVariant(sharedValue(record->getKeyframesAt(frame), kShownValue).toString()));
-    fill(*descr, vector, values);
+    LmParamKeyframeVector vector = vectorOf(values);
     if (record->theAnimated)
         vector.setFrameNumber(frame);
     const QString shownValue = sharedValue(vector, kShownValue).toString();

@@ -61,10 +61,14 @@ protected:
     /// The parameters behind the three common ones.
     virtual QList<ParamDescr> geometryParams() const = 0;
     virtual LmCvObject* newItem(const QString& aLabel) = 0;
-    /// The item's geometry as a record holds it, in the order in which it is written.
-    virtual NamedValues geometryOf(const LmCvObject* aItem, const QPoint& aOrigin) const = 0;
+    /// The item's geometry as a record holds it, in the order in which it is written. aFormer is the record
+    /// that gets it, null for a new object; what it holds already may be left out.
+    virtual NamedValues geometryOf(const LmCvObject* aItem, const QPoint& aOrigin,
+                                   const LmKernelObjectData* aFormer) const = 0;
     virtual void applyGeometry(LmCvObject* aItem, const LmParamKeyframeVector& aValues,
                                const QPoint& aOrigin) const = 0;
+    /// Called before the item's changed geometry goes into its record; does nothing by default.
+    virtual void beforeChange(const LmCvObject* aItem, int aIdx, const LmKernelObjectData& aRecord);
 
     // Steps of drawing a new object.
     /// Whether the kernel took the tool's type and there is a canvas; a tool without both makes no items.
@@ -74,6 +78,12 @@ protected:
     /// Takes a drawn item into theCvObjects under the next index and pushes the creation of its record.
     void storeNewItem(LmCvObject* aItem, const QString& aShownValue);
 
+    /// Pushes the creation of a record that holds the values, up to the first one that is refused.
+    void pushCreation(int aIdx, const NamedValues& aValues);
+
+    LmKernelObjectDataDescr* descriptor() const; // null before initManipulator
+    /// A vector for the default keyframes with the values, up to the first one that is refused.
+    LmParamKeyframeVector vectorOf(const NamedValues& aValues) const;
     LmKernelObjectData* recordOf(int aIdx) const;
     QVariant sharedValue(const LmParamKeyframeVector& aValues, CommonParam aParam) const;
     /// Values and units for "nothing asked": one invalid value with an empty unit.
@@ -83,7 +93,6 @@ private:
     LmKernelObjectDataDescr* createDescriptor() const;
     bool registerWithKernel();
     LmCvObject* itemFromRecord(int aIdx, const LmParamKeyframeVector& aValues);
-    LmKernelObjectDataDescr* descriptor() const;
 };
 
 #endif

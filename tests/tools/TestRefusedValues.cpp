@@ -21,9 +21,10 @@ public:
     bool theWrongEnd = true;
 
 protected:
-    NamedValues geometryOf(const LmCvObject* aItem, const QPoint& aOrigin) const override
+    NamedValues geometryOf(const LmCvObject* aItem, const QPoint& aOrigin,
+                           const LmKernelObjectData* aFormer) const override
     {
-        NamedValues values = LmCvManipDist::geometryOf(aItem, aOrigin);
+        NamedValues values = LmCvManipDist::geometryOf(aItem, aOrigin, aFormer);
         if (theWrongEnd)
             values[1].second = QStringLiteral("no point");
         return values;

@@ -74,7 +74,7 @@ void LmCvManipulator::initManipulator(QToolBar* aToolBar)
     theToolBar->addWidget(theToolButton);
 }
 
-QToolButton* LmCvManipulator::makeToolButton()
+QToolButton* LmCvManipulator::newToolButton()
 {
     auto* button = new QToolButton;
     // By this name the editor finds the buttons of all tools and lets one of them be on.
@@ -84,6 +84,12 @@ QToolButton* LmCvManipulator::makeToolButton()
     button->setFocusPolicy(Qt::NoFocus);
     button->setCheckable(true);
     button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    return button;
+}
+
+QToolButton* LmCvManipulator::makeToolButton()
+{
+    QToolButton* button = newToolButton();
     connect(button, &QToolButton::toggled, this, &LmCvManipulator::slotToolToggled);
     connect(button, &QObject::destroyed, this, [this] { theToolButton = nullptr; });
     return button;
@@ -220,6 +226,11 @@ bool LmCvManipulator::claimsPress(QMouseEvent*, LmCvObject*)
 bool LmCvManipulator::abortAction()
 {
     return false;
+}
+
+QString LmCvManipulator::hint() const
+{
+    return theToolButton ? theToolButton->whatsThis() : QString();
 }
 
 void LmCvManipulator::editCvObject(LmCvObject*, QPoint) {}

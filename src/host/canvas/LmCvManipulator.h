@@ -113,6 +113,8 @@ public:
     /// Ends a running action without leaving half an object: called for Esc and when the tool is left. True
     /// if there was an action to end.
     virtual bool abortAction();
+    /// What the next click does, for the person at the mouse; the tool's help by default.
+    virtual QString hint() const;
 
     /// The item's key in theCvObjects, or -1.
     int getObjectIdx(const LmCvObject* aObject) const;
@@ -137,6 +139,11 @@ public:
     static QLinkedList<LmParamKeyframe> theClipboardKeyframes;
     static bool theCurrentViewAnimated;
 
+Q_SIGNALS:
+    void signalHintChanged();
+    /// What the tool has just done, in one short sentence.
+    void signalReport(const QString& aText);
+
 public Q_SLOTS:
     void slotCalibrationChangedInKernel(const QString& aName, const LmCalibData& aData);
     void slotObjectShowInKernel(const int aType, const int aIdx, bool aShown);
@@ -156,6 +163,8 @@ protected:
     void makeItemCurrent(LmCvObject* aItem);
     /// Pushes a command with theSelfChange set. Takes the command; without an undo stack it is dropped.
     void pushOwn(QUndoCommand* aCommand);
+    /// A button as all tools have it, in no tool bar yet.
+    static QToolButton* newToolButton();
 
 private:
     void initMembers();
