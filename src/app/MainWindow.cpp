@@ -56,6 +56,7 @@ MainWindow::MainWindow(QWidget* aParent)
     theBench.document().setProgressParent(this);
     theBench.loadTools(theActions.theToolBar, theStartError);
     theTools->addTools(theBench.tools(), *theActions.theToolsMenu);
+    theStatus->listenTo(theBench.tools());
     theTools->setToolsEnabled(false);
     new ObjectColor(*theActions.theColor, *this);
     connectFileActions();

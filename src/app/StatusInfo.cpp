@@ -4,17 +4,17 @@
 #include "CalibrationTool.h"
 #include "ElidedLabel.h"
 #include "LmCvEditor.h"
+#include "LmCvManipulator.h"
 #include "LmKSKernelData.h"
 #include "Media.h"
 
 #include <QLabel>
 #include <QLocale>
 #include <QStatusBar>
-#include <QToolButton>
 
 StatusInfo::StatusInfo(QStatusBar& aBar, const LmCvEditor& aEditor, const Media& aMedia,
                        const CalibrationTool& aTool, QObject* aParent)
-    : QObject(aParent), theEditor(aEditor), theMedia(aMedia), theCalibrationTool(aTool),
+    : QObject(aParent), theBar(aBar), theEditor(aEditor), theMedia(aMedia), theCalibrationTool(aTool),
       theHint(new ElidedLabel(&aBar))
 {
     theHint->setObjectName(QStringLiteral("hint"));
@@ -64,10 +64,19 @@ QString StatusInfo::hint() const
         return tr("Open a picture or a project, or drop one here.");
     if (theCalibrationTool.isRunning())
         return theCalibrationTool.hint();
-    const LmCvManipulator* tool = theEditor.theCurrentManipulator;
-    if (tool && tool->theToolButton)
-        return tool->theToolButton->whatsThis();
+    if (const LmCvManipulator* tool = theEditor.theCurrentManipulator)
+        return tool->hint();
     return tr("Click an object to select it, drag to select several; right click for more.");
+}
+
+void StatusInfo::listenTo(const QList<LmCvManipulator*>& aTools)
+{
+    constexpr int kReadingTime = 6000; // ms
+    for (const LmCvManipulator* tool : aTools) {
+        connect(tool, &LmCvManipulator::signalHintChanged, this, &StatusInfo::updateHint);
+        connect(tool, &LmCvManipulator::signalReport, &theBar,
+                [this](const QString& aText) { theBar.showMessage(aText, kReadingTime); });
+    }
 }
 
 void StatusInfo::updateHint()

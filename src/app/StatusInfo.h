@@ -1,11 +1,13 @@
 #ifndef STATUSINFO_H
 #define STATUSINFO_H
 
+#include <QList>
 #include <QObject>
 #include <QPoint>
 
 class CalibrationTool;
 class LmCvEditor;
+class LmCvManipulator;
 class Media;
 class QLabel;
 class QStatusBar;
@@ -20,6 +22,8 @@ public:
     StatusInfo(QStatusBar& aBar, const LmCvEditor& aEditor, const Media& aMedia, const CalibrationTool& aTool,
                QObject* aParent);
 
+    /// Shows the hints of the tools, and for a while what they have done.
+    void listenTo(const QList<LmCvManipulator*>& aTools);
     void updateCalibration();
     /// The place in picture pixels and, where the picture is calibrated, in its unit.
     static QString positionText(const QPoint& aImagePoint);
@@ -34,6 +38,7 @@ private:
     void showZoom(double aZoom);
     void updateFrame();
 
+    QStatusBar& theBar;
     const LmCvEditor& theEditor;
     const Media& theMedia;
     const CalibrationTool& theCalibrationTool;

@@ -6,13 +6,32 @@
 #include <QAction>
 #include <QMenu>
 #include <QSettings>
+#include <QToolBar>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace {
 
 QString settingsKey(const LmCvManipulator* aTool)
 {
     return QStringLiteral("valueName/%1").arg(aTool->theObjectType);
+}
+
+/// The tool's own button and those that it added to the tool bar behind it.
+QList<QToolButton*> buttonsOf(const LmCvManipulator* aTool, const QList<LmCvManipulator*>& aTools)
+{
+    if (!aTool->theToolButton || !aTool->theToolBar)
+        return {};
+    const auto all = aTool->theToolBar->findChildren<QToolButton*>(QStringLiteral("manipulator button"));
+    QList<QToolButton*> own{aTool->theToolButton};
+    for (qsizetype i = all.indexOf(aTool->theToolButton) + 1; i < all.size(); ++i) {
+        const auto isFirst = [&](const LmCvManipulator* aOther) { return aOther->theToolButton == all[i]; };
+        if (std::any_of(aTools.cbegin(), aTools.cend(), isFirst))
+            break;
+        own.append(all[i]);
+    }
+    return own;
 }
 
 } // namespace
@@ -26,27 +45,33 @@ ToolSwitch::ToolSwitch(LmCvEditor& aEditor, QAction& aArrow, QObject* aParent)
 
 void ToolSwitch::addTools(const QList<LmCvManipulator*>& aTools, QMenu& aMenu)
 {
-    for (LmCvManipulator* tool : aTools) {
-        QToolButton* button = tool->theToolButton;
-        if (!button)
-            continue;
-        QAction* action = makeAction(tool, int(theEntries.size()) + 1);
-        aMenu.addAction(action);
-        theEntries.append({tool, action});
-        if (button->accessibleName().isEmpty())
-            button->setAccessibleName(button->toolTip());
-        button->setStatusTip(action->statusTip());
-    }
+    for (LmCvManipulator* tool : aTools)
+        for (QToolButton* button : buttonsOf(tool, aTools))
+            addButton(tool, button, aMenu);
 }
 
-QAction* ToolSwitch::makeAction(LmCvManipulator* aTool, int aNumber)
+void ToolSwitch::addButton(LmCvManipulator* aTool, QToolButton* aButton, QMenu& aMenu)
 {
-    auto* action = new QAction(aTool->theToolButton->icon(), aTool->theToolButton->toolTip(), this);
-    action->setStatusTip(aTool->theToolButton->whatsThis());
+    QAction* action = makeAction(aButton, int(theEntries.size()) + 1);
+    aMenu.addAction(action);
+    if (aButton->menu())
+        aMenu.addMenu(aButton->menu());
+    theEntries.append({aTool, aButton, action});
+    if (aButton->accessibleName().isEmpty())
+        aButton->setAccessibleName(aButton->toolTip());
+    aButton->setStatusTip(action->statusTip());
+    // A tool that goes on with another of its buttons stays the current one.
+    connect(aButton, &QToolButton::toggled, this, [this] { show(theEditor.theCurrentManipulator); });
+}
+
+QAction* ToolSwitch::makeAction(QToolButton* aButton, int aNumber)
+{
+    auto* action = new QAction(aButton->icon(), aButton->toolTip(), this);
+    action->setStatusTip(aButton->whatsThis());
     action->setCheckable(true);
     if (aNumber < 10)
         action->setShortcut(QKeySequence(Qt::Key_0 + aNumber));
-    connect(action, &QAction::triggered, this, [this, aTool](bool aOn) { choose(aTool, aOn); });
+    connect(action, &QAction::triggered, this, [this, aButton](bool aOn) { choose(aButton, aOn); });
     return action;
 }
 
@@ -54,7 +79,7 @@ void ToolSwitch::setToolsEnabled(bool aOn)
 {
     for (const Entry& entry : theEntries) {
         entry.theAction->setEnabled(aOn);
-        entry.theTool->theToolButton->setEnabled(aOn);
+        entry.theButton->setEnabled(aOn);
     }
 }
 
@@ -75,10 +100,10 @@ void ToolSwitch::setValueName(const LmCvManipulator* aTool, const QString& aName
         LmCvManipulator::theLastUsedValueName = aName;
 }
 
-void ToolSwitch::choose(LmCvManipulator* aTool, bool aOn)
+void ToolSwitch::choose(QToolButton* aButton, bool aOn)
 {
     if (aOn)
-        aTool->makeCurrent();
+        aButton->setChecked(true);
     else
         theEditor.setCurrentManipulator(nullptr);
     // An action that was triggered has switched its check mark already, whatever became of it.
@@ -89,7 +114,7 @@ void ToolSwitch::show(LmCvManipulator* aTool)
 {
     theArrow.setChecked(!aTool);
     for (const Entry& entry : theEntries) {
-        entry.theAction->setChecked(entry.theTool == aTool);
+        entry.theAction->setChecked(entry.theTool == aTool && entry.theButton->isChecked());
         if (entry.theTool == aTool)
             LmCvManipulator::theLastUsedValueName = valueName(aTool);
     }

@@ -9,6 +9,7 @@ class LmCvEditor;
 class LmCvManipulator;
 class QAction;
 class QMenu;
+class QToolButton;
 
 /// Which tool is in the hand: keeps the tools' buttons, their menu entries and the selection arrow in step
 /// with the editor, and remembers for each tool which value a new object of it shows.
@@ -19,7 +20,7 @@ class ToolSwitch : public QObject
 public:
     ToolSwitch(LmCvEditor& aEditor, QAction& aArrow, QObject* aParent);
 
-    /// Takes the tools that have a button into the menu, with the keys 1 to 9.
+    /// Takes each button of the tools into the menu, with the keys 1 to 9, and a button's own menu as well.
     void addTools(const QList<LmCvManipulator*>& aTools, QMenu& aMenu);
     /// Without a picture there is nothing to measure.
     void setToolsEnabled(bool aOn);
@@ -31,12 +32,14 @@ public:
 private:
     struct Entry
     {
-        LmCvManipulator* theTool; // not owned, lives as long as the window
+        LmCvManipulator* theTool; // not owned, lives as long as the window, its button too
+        QToolButton* theButton;
         QAction* theAction;
     };
 
-    QAction* makeAction(LmCvManipulator* aTool, int aNumber);
-    void choose(LmCvManipulator* aTool, bool aOn);
+    void addButton(LmCvManipulator* aTool, QToolButton* aButton, QMenu& aMenu);
+    QAction* makeAction(QToolButton* aButton, int aNumber);
+    void choose(QToolButton* aButton, bool aOn);
     void show(LmCvManipulator* aTool);
 
     LmCvEditor& theEditor;

@@ -80,6 +80,7 @@ public Q_SLOTS:
     void slotShowAllCvItems();
     /// Ends a running action and, without one, goes back to the selection arrow.
     void slotEscape();
+    /// Removes the selected nodes of the current item or else the selected items.
     void slotDeleteSelected();
 
 Q_SIGNALS:
@@ -111,6 +112,7 @@ private:
     void checkOnly(QToolButton* aButton, const QList<LmCvManipulator*>& aTools);
     bool escape();
     bool editKey(QKeyEvent* aEvent);
+    bool deleteNodes();
 
     LmCvCanvas* theImageCanvas; // owned as a child
     std::unique_ptr<LmCvGestures> theGestures;

@@ -3,6 +3,7 @@
 
 #include "LmCvGestures.h"
 #include "LmCvManipulator.h"
+#include "LmCvObject.h"
 #include "LmCvSelection.h"
 
 #include <QContextMenuEvent>
@@ -136,7 +137,20 @@ void LmCvEditor::slotShowAllCvItems()
 void LmCvEditor::slotDeleteSelected()
 {
     theGestures->abort();
-    theSelection->remove();
+    if (!deleteNodes())
+        theSelection->remove();
+}
+
+/// What becomes of an item without some of its nodes is known to its tool alone, which takes Delete for it.
+bool LmCvEditor::deleteNodes()
+{
+    LmCvManipulator* tool = theCurrentTrack ? theCurrentTrack->theManipulator : nullptr;
+    if (!tool || !theSelection->items().isEmpty() || theCurrentTrack->getSelectedNodes().isEmpty())
+        return false;
+    QKeyEvent event(QEvent::KeyRelease, Qt::Key_Delete, Qt::NoModifier);
+    event.ignore();
+    tool->keyReleaseEvent(&event);
+    return event.isAccepted();
 }
 
 void LmCvEditor::slotEscape()
