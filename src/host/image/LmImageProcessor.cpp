@@ -1,26 +1,10 @@
 #include "LmImageProcessor.h"
 
-#include "LmImage.h"
+#include "ImageRegion.h"
 
 #include <cstring>
 
 namespace {
-
-bool sameRegionSize(const LmImage& aSource, const LmImage& aTarget)
-{
-    return aSource.theRoiWidth > 0 && aSource.theRoiHeight > 0 &&
-           aSource.theRoiWidth == aTarget.theRoiWidth && aSource.theRoiHeight == aTarget.theRoiHeight;
-}
-
-const unsigned char* regionRow(const LmImage& aImage, int aY)
-{
-    return aImage.row(aImage.theRoiY + aY) + qsizetype(aImage.theRoiX) * aImage.channels();
-}
-
-unsigned char* regionRow(LmImage& aImage, int aY)
-{
-    return aImage.row(aImage.theRoiY + aY) + qsizetype(aImage.theRoiX) * aImage.channels();
-}
 
 /// BT.601 in whole thousandths, so that every result is the exactly rounded one.
 unsigned char luma(const unsigned char* aPixel)
@@ -47,27 +31,27 @@ bool LmImageProcessor::reject(const char* aWhat) const
 
 bool LmImageProcessor::copy(const LmImage* aSource, LmImage* aTarget)
 {
-    if (!aSource || !aTarget || !sameRegionSize(*aSource, *aTarget) ||
+    if (!aSource || !aTarget || !ImageRegion::sameSize(*aSource, *aTarget) ||
         aSource->channels() != aTarget->channels())
         return reject("copy: the regions or channels of the two images differ");
     const size_t bytes = size_t(aSource->theRoiWidth) * size_t(aSource->channels());
     // Source and target may be the same rows, so memmove.
     for (int y = 0; y < aSource->theRoiHeight; ++y)
-        std::memmove(regionRow(*aTarget, y), regionRow(*aSource, y), bytes);
+        std::memmove(ImageRegion::row(*aTarget, y), ImageRegion::row(*aSource, y), bytes);
     return true;
 }
 
 bool LmImageProcessor::copyChannel(const LmImage* aSource, int aSourceChannel, LmImage* aTarget,
                                    int aTargetChannel)
 {
-    if (!aSource || !aTarget || !sameRegionSize(*aSource, *aTarget))
+    if (!aSource || !aTarget || !ImageRegion::sameSize(*aSource, *aTarget))
         return reject("copyChannel: the regions of the two images differ");
     if (aSourceChannel < 0 || aSourceChannel >= aSource->channels() || aTargetChannel < 0 ||
         aTargetChannel >= aTarget->channels())
         return reject("copyChannel: an image has no such channel");
     for (int y = 0; y < aSource->theRoiHeight; ++y) {
-        const unsigned char* from = regionRow(*aSource, y) + aSourceChannel;
-        unsigned char* to = regionRow(*aTarget, y) + aTargetChannel;
+        const unsigned char* from = ImageRegion::row(*aSource, y) + aSourceChannel;
+        unsigned char* to = ImageRegion::row(*aTarget, y) + aTargetChannel;
         for (int x = 0; x < aSource->theRoiWidth; ++x)
             to[qsizetype(x) * aTarget->channels()] = from[qsizetype(x) * aSource->channels()];
     }
@@ -78,11 +62,11 @@ bool LmImageProcessor::RGBtoGrayscale(const LmImage* aSource, LmImage* aTarget)
 {
     if (aSource && aTarget && aSource->channels() == 1)
         return copy(aSource, aTarget);
-    if (!aSource || !aTarget || !sameRegionSize(*aSource, *aTarget) || aTarget->channels() != 1)
+    if (!aSource || !aTarget || !ImageRegion::sameSize(*aSource, *aTarget) || aTarget->channels() != 1)
         return reject("RGBtoGrayscale: the target isn't a gray image with a region of the same size");
     for (int y = 0; y < aSource->theRoiHeight; ++y) {
-        const unsigned char* from = regionRow(*aSource, y);
-        unsigned char* to = regionRow(*aTarget, y);
+        const unsigned char* from = ImageRegion::row(*aSource, y);
+        unsigned char* to = ImageRegion::row(*aTarget, y);
         for (int x = 0; x < aSource->theRoiWidth; ++x)
             to[x] = luma(from + qsizetype(x) * aSource->channels());
     }

@@ -3,7 +3,9 @@
 
 #include <QString>
 
+class LmCVSequence;
 class LmImage;
+class QPolygon;
 
 /// Operations on images. All of them work on the regions of interest of their images and do nothing,
 /// returning false, for images whose sizes or channel counts don't fit each other.
@@ -21,6 +23,32 @@ public:
     /// Luma by ITU-R BT.601, 0.299 R + 0.587 G + 0.114 B rounded, of a 3 or 4 channel image; copies a gray
     /// one.
     bool RGBtoGrayscale(const LmImage* aSource, LmImage* aTarget);
+    /// Hue, lightness and saturation as channels 0, 1 and 2, each on 0 to 255 (a full turn of hue is 256), of
+    /// an image of 3 or 4 channels into one of as many; alpha stays. Without a target in place.
+    bool RGBtoHLS(LmImage* aSource, LmImage* aTarget);
+
+    /// The outline that Bezier nodes describe, as a polygon. aPoints holds whole nodes of three points, left
+    /// control, anchor, right control; points left over at the end count as none. Every segment is sampled at
+    /// aParts + 1 equal steps of its parameter (fewer than one part counts as one), each sample rounded to
+    /// the nearest pixel with halves away from zero, exactly so for up to 128 parts. Segments share their end
+    /// points.
+    ///
+    /// Closed adds the segment from the last node to the first, but not the first anchor once more: the edge
+    /// that closes a polygon is its last piece, so area, closed perimeter and bounding rectangle are those of
+    /// the closed outline. One closed node is the loop of its two handles; one open node is its anchor.
+    QPolygon divideBezierCurve(const QPolygon& aPoints, int aParts, bool aClosed);
+
+    /// Counts the values of a gray image in an outline, which is closed and lies relative to the image's
+    /// region of interest, with the outline's own offset added. Both the pixels that it winds around and
+    /// those that its edges run through count, and only as far as they lie in the region. So an outline
+    /// without area still has its line, or its one point, and the parts of a crossed one count once.
+    ///
+    /// aTable gets aBins counters over the values 0 to 255, and aMean the exact mean of the values, 0 without
+    /// pixels; null for what isn't wanted. The limit is a number of pixels from which on an estimate would do
+    /// for the caller; no estimate is made, whatever it says. Anything but a gray image, an outline and at
+    /// least one bin is refused with zeros.
+    bool createHistogram(unsigned int* aTable, double* aMean, const LmImage* aGray,
+                         const LmCVSequence* aOutline, int aLimit, int aBins);
 
 private:
     LmImageProcessor() = default;
