@@ -15,6 +15,7 @@ public:
         kSynchroMirror = 2     // is the dragged one's reflection
     };
     enum Point { kLeftCtrl = 0, kAnchor = 1, kRightCtrl = 2 };
+    static constexpr int kPointCount = 3;
 
     /// Three points at (0, 0).
     LmBezierPoint(bool aValid, bool aRelative, Synchro aSynchro);

@@ -7,6 +7,8 @@
 
 #include <QFont>
 
+#include <array>
+
 /// An outline on the canvas: a chain of cubic Bezier segments, open or closed, with a label above its first
 /// node. The user drags nodes, handles or the whole outline.
 ///
@@ -30,8 +32,7 @@ public:
     void addNode(LmBezierPoint aNode, int aIndex, LmNodeState aState);
     void removeNode(unsigned aIndex);
     void removeSelectedNodes();
-    /// The node, or for an index out of range an invalid one at (0, 0).
-    LmBezierPoint getNode(unsigned aIndex) const;
+    LmBezierPoint getNode(unsigned aIndex) const; // for an index out of range an invalid one at (0, 0)
     void setNode(unsigned aIndex, const LmBezierPoint& aNode);
     /// Moves a handle and the other one as the node's synchro says. The index must be a node's. A relative
     /// position is an offset from the anchor.
@@ -60,7 +61,6 @@ public:
     int pointOnControl(const QPoint& aPos, LmNodeState::Dragged& aDragged) const;
     bool isSegmentIntersects(int aSegment, const QPoint& aStart, const QPoint& aEnd) const;
     bool isSegmentContainsRect(int aSegment, QRect& aRect) const;
-    /// SegmentGeometry::intersect.
     static bool linesIntersect(QPoint a, QPoint b, QPoint c, QPoint d, QPoint& aOut);
 
     /// A click or a step of a stroke while the outline is drawn: closes it at the far end, or adds a node at
@@ -68,7 +68,8 @@ public:
     void enterDrawMode(QPoint& aPos, bool aAppend);
 
     int rtti() const override { return kRtti; }
-    Q3PointArray areaPoints() const override;
+    Q3PointArray areaPoints() const override; // ends at the canvas's edges
+    QRect boundingRect() const override;      // holds all that is drawn
     void drawShape(QPainter& aPainter) override;
     QLinkedList<int> getSelectedNodes() override;
     void adjustScale(const QMatrix& aMatrix) override;
@@ -101,10 +102,15 @@ public:
 private:
     QPoint& point(int aNode, LmBezierPoint::Point aPoint) { return thePoints[3 * aNode + aPoint]; }
     QPoint pointAt(int aNode, LmBezierPoint::Point aPoint) const { return thePoints[3 * aNode + aPoint]; }
-    Q3PointArray segmentControls(int aSegment) const;
-    void repaint();
+    bool isNode(qint64 aIndex) const { return aIndex >= 0 && aIndex < nodeCount(); }
+    std::array<QPoint, 4> segmentControls(int aSegment) const;
+    QRect extent() const;
+    void closeAt(int aNode, LmNodeState::Dragged aDragged, const QPoint& aPos);
     void pressNode(QMouseEvent* aEvent, int aNode);
     void pressElsewhere(QMouseEvent* aEvent, const QPoint& aPos);
+    void toggleNode(int aNode);
+    void restartHandles(int aNode);
+    void moveSelectedNodesBy(const QPoint& aDelta);
     void drawOutline(QPainter& aPainter) const;
     void drawLabel(QPainter& aPainter) const;
     void drawNodes(QPainter& aPainter) const;
