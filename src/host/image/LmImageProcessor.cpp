@@ -49,11 +49,15 @@ bool LmImageProcessor::copyChannel(const LmImage* aSource, int aSourceChannel, L
     if (aSourceChannel < 0 || aSourceChannel >= aSource->channels() || aTargetChannel < 0 ||
         aTargetChannel >= aTarget->channels())
         return reject("copyChannel: an image has no such channel");
+    // Bytes may alias anything, so what the inner loop needs is read before it.
+    const qsizetype width = aSource->theRoiWidth;
+    const int fromStep = aSource->channels();
+    const int toStep = aTarget->channels();
     for (int y = 0; y < aSource->theRoiHeight; ++y) {
         const unsigned char* from = ImageRegion::row(*aSource, y) + aSourceChannel;
         unsigned char* to = ImageRegion::row(*aTarget, y) + aTargetChannel;
-        for (int x = 0; x < aSource->theRoiWidth; ++x)
-            to[qsizetype(x) * aTarget->channels()] = from[qsizetype(x) * aSource->channels()];
+        for (qsizetype x = 0; x < width; ++x)
+            to[x * toStep] = from[x * fromStep];
     }
     return true;
 }
