@@ -21,6 +21,62 @@ void waitForValidStart(const Point2D* aStart)
     }
 }
 
+/// The control points of a cubic's first and second derivative.
+struct Derivatives
+{
+    explicit Derivatives(const Point2D* aCubic)
+    {
+        for (int i = 0; i < 3; ++i)
+            theFirst[i] = 3.0 * (aCubic[i + 1] - aCubic[i]);
+        for (int i = 0; i < 2; ++i)
+            theSecond[i] = 2.0 * (theFirst[i + 1] - theFirst[i]);
+    }
+
+    Point2D theFirst[3];
+    Point2D theSecond[2];
+};
+
+/// Newton's step, kept within [0, 1].
+double newtonStep(const Derivatives& aDerivatives, const Point2D& aDiff, double aU)
+{
+    const Point2D slope = BezierTerms::quadraticPoint(aDerivatives.theFirst, aU);
+    const Point2D bend = BezierTerms::linePoint(aDerivatives.theSecond, aU);
+    const double numerator = dot(aDiff, slope);
+    const double denominator = dot(slope, slope) + dot(aDiff, bend);
+    double improved = aU;
+    if (denominator > 0.0)
+        improved = aU - numerator / denominator;
+    // Near a farthest point Newton's step would lead there, so it is a short one the other way. The two
+    // lengths differ, which keeps parameters from going back and forth.
+    else if (numerator > 0.0)
+        improved = aU * 0.98 - 0.01;
+    else if (numerator < 0.0)
+        improved = aU * 0.98 + 0.031;
+
+    if (!std::isfinite(improved))
+        return aU;
+    if (improved < 0.0)
+        return 0.0;
+    return improved > 1.0 ? 1.0 : improved;
+}
+
+double improvedParam(const Point2D* aCubic, const Derivatives& aDerivatives, const Point2D& aSample,
+                     double aU)
+{
+    const Point2D diff = BezierTerms::cubicPoint(aCubic, aU) - aSample;
+    const double diffSq = BezierTerms::lensq(diff);
+    double improved = newtonStep(aDerivatives, diff, aU);
+    // Back to where it came from in eighths, until the sample is no farther away than before. Written as a
+    // negation, because a distance without a number ends the search as well.
+    for (double proportion = 0.125;; proportion += 0.125) {
+        if (!(BezierTerms::lensq(BezierTerms::cubicPoint(aCubic, improved) - aSample) > diffSq))
+            return improved;
+        if (proportion > 1.0)
+            return aU;
+        improved = improved * (1.0 - proportion) + proportion * aU;
+    }
+}
+
 } // namespace
 
 double SplineOptymizeInternal::lensq(const Point2D& aPoint)
@@ -76,49 +132,13 @@ void SplineOptymizeInternal::chordLengthParameterize(const Point2D* aSamples, do
 
 double SplineOptymizeInternal::newtonRaphsonRootFind(const Point2D* aCubic, const Point2D& aSample, double aU)
 {
-    Point2D first[3];
-    for (int i = 0; i < 3; ++i)
-        first[i] = 3.0 * (aCubic[i + 1] - aCubic[i]);
-    Point2D second[2];
-    for (int i = 0; i < 2; ++i)
-        second[i] = 2.0 * (first[i + 1] - first[i]);
-
-    const Point2D diff = BezierTerms::cubicPoint(aCubic, aU) - aSample;
-    const Point2D slope = BezierTerms::quadraticPoint(first, aU);
-    const double numerator = dot(diff, slope);
-    const double denominator = dot(slope, slope) + dot(diff, BezierTerms::linePoint(second, aU));
-    double improved = aU;
-    if (denominator > 0.0)
-        improved = aU - numerator / denominator;
-    // Near a farthest point Newton's step would lead there, so it is a short one the other way. The two
-    // lengths differ, which keeps parameters from going back and forth.
-    else if (numerator > 0.0)
-        improved = aU * 0.98 - 0.01;
-    else if (numerator < 0.0)
-        improved = aU * 0.98 + 0.031;
-
-    if (!std::isfinite(improved))
-        improved = aU;
-    else if (improved < 0.0)
-        improved = 0.0;
-    else if (improved > 1.0)
-        improved = 1.0;
-
-    // Back to where it came from in eighths, until the sample is no farther away than before. Written as a
-    // negation, because a distance without a number ends the search as well.
-    const double diffSq = BezierTerms::lensq(diff);
-    for (double proportion = 0.125;; proportion += 0.125) {
-        if (!(BezierTerms::lensq(BezierTerms::cubicPoint(aCubic, improved) - aSample) > diffSq))
-            return improved;
-        if (proportion > 1.0)
-            return aU;
-        improved = improved * (1.0 - proportion) + proportion * aU;
-    }
+    return improvedParam(aCubic, Derivatives(aCubic), aSample, aU);
 }
 
 void SplineOptymizeInternal::reparameterize(const Point2D* aSamples, unsigned aLength, double* aParams,
                                             const Point2D* aCubic)
 {
+    const Derivatives derivatives(aCubic);
     for (unsigned i = 1; i + 1 < aLength; ++i)
-        aParams[i] = newtonRaphsonRootFind(aCubic, aSamples[i], aParams[i]);
+        aParams[i] = improvedParam(aCubic, derivatives, aSamples[i], aParams[i]);
 }

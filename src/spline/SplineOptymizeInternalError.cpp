@@ -3,19 +3,39 @@
 #include "BezierTerms.h"
 #include "SplineOptymizeInternal.h"
 
+namespace {
+
+/// A square below which a length is certainly less than aTolerance, however its root is rounded; 0 where
+/// squares leave the range of numbers. Nearly all bulges are that small, and a root costs as much as the rest
+/// of a sample.
+double surelyWithinSq(double aTolerance)
+{
+    return aTolerance > 1e-140 && aTolerance < 1e140 ? 0.999999 * aTolerance * aTolerance : 0.0;
+}
+
+double hookBetween(const Point2D& a, const Point2D& b, const Point2D& aMiddle, double aTolerance,
+                   double aSurelyWithinSq)
+{
+    const Point2D bulge = 0.5 * (a + b) - aMiddle;
+    if (BezierTerms::lensq(bulge) < aSurelyWithinSq)
+        return 0.0;
+    const double distance = lenPower(bulge);
+    return aTolerance > distance ? 0.0 : distance / (aTolerance + lenPower(b - a));
+}
+
+} // namespace
+
 double SplineOptymizeInternal::computeHook(const Point2D& a, const Point2D& b, double aU,
                                            const Point2D* aCubic, double aTolerance)
 {
-    const double distance = lenPower(0.5 * (a + b) - BezierTerms::cubicPoint(aCubic, aU));
-    if (aTolerance > distance)
-        return 0.0;
-    return distance / (aTolerance + lenPower(b - a));
+    return hookBetween(a, b, BezierTerms::cubicPoint(aCubic, aU), aTolerance, surelyWithinSq(aTolerance));
 }
 
 double SplineOptymizeInternal::computeMaxErrorRatio(const Point2D* aSamples, const double* aParams,
                                                     unsigned aLength, const Point2D* aCubic,
                                                     double aTolerance, unsigned* aSplitPoint)
 {
+    const double withinSq = surelyWithinSq(aTolerance);
     Point2D previous = aCubic[0];
     double largestDistSq = 0.0;
     double largestHook = 0.0;
@@ -27,8 +47,8 @@ double SplineOptymizeInternal::computeMaxErrorRatio(const Point2D* aSamples, con
             largestDistSq = distSq;
             *aSplitPoint = i;
         }
-        const double middle = 0.5 * (aParams[i - 1] + aParams[i]);
-        const double hook = computeHook(previous, current, middle, aCubic, aTolerance);
+        const Point2D middle = BezierTerms::cubicPoint(aCubic, 0.5 * (aParams[i - 1] + aParams[i]));
+        const double hook = hookBetween(previous, current, middle, aTolerance, withinSq);
         if (hook > largestHook) {
             largestHook = hook;
             hookIndex = i;
