@@ -1,0 +1,128 @@
+#include "ZnCvSplineOptymize.h"
+
+#include "OutlineNodes.h"
+#include "SplineOptymizeInternal.h"
+#include "WholePixel.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+constexpr int kPerNode = LmBezierPoint::kPointCount;
+constexpr int kPerSegment = 4;
+constexpr int kFewestFitted = 4; // nodes; a shorter outline stays the polygon that it is
+
+/// Drops the crowded nodes of an outline.
+///
+/// A step i looks at the nodes i - 2 and i of the outline as it is by then and takes out the one between them
+/// if they are close. As many steps are made as there were nodes before, and each goes one node on, also
+/// after a removal. So two things differ from a walk over neighbours: after a removal the node that moved
+/// into the gap is never asked itself, and once the steps are past the end of the shrunk outline they compare
+/// with nodes at (0, 0), which costs an outline that ends near the canvas origin its last nodes.
+///
+/// Nodes before i - 1 have their final places, those from there on stand theRemoved places farther back: so
+/// each node moves once instead of at every removal before it.
+class Thinning
+{
+public:
+    explicit Thinning(LmCvRegion& aRegion) : theRegion(aRegion), theCount(aRegion.nodeCount()) {}
+
+    void run(float aNeighbourDistance)
+    {
+        for (int i = 2; i < theCount; ++i) {
+            const int length =
+                OutlineNodes::manhattanLength(keptAnchor(i - 2), OutlineNodes::anchor(theRegion, source(i)));
+            if (float(length) <= aNeighbourDistance && source(i - 1) < theCount)
+                ++theRemoved;
+            if (theRemoved > 0 && source(i - 1) < theCount)
+                move(source(i - 1), i - 1);
+        }
+        if (theRemoved == 0)
+            return;
+        theRegion.thePoints.resize(kPerNode * (theCount - theRemoved));
+        theRegion.theNodeStates.resize(theCount - theRemoved);
+        theRegion.changeChunks(); // marks the old extent too
+    }
+
+private:
+    int source(int aNode) const { return aNode + theRemoved; }
+    QPoint keptAnchor(int aNode) const
+    {
+        return aNode < theCount - theRemoved ? OutlineNodes::anchor(theRegion, aNode) : QPoint(0, 0);
+    }
+    void move(int aFrom, int aTo)
+    {
+        std::copy_n(theRegion.thePoints.cbegin() + kPerNode * aFrom, kPerNode,
+                    theRegion.thePoints.begin() + kPerNode * aTo);
+        theRegion.theNodeStates[aTo] = theRegion.theNodeStates.at(aFrom);
+    }
+
+    LmCvRegion& theRegion;
+    const int theCount; // before the walk
+    int theRemoved = 0;
+};
+
+std::vector<Point2D> anchors(const LmCvRegion& aRegion)
+{
+    std::vector<Point2D> samples;
+    samples.reserve(std::size_t(aRegion.nodeCount()));
+    for (int i = 0; i < aRegion.nodeCount(); ++i) {
+        const QPoint anchor = OutlineNodes::anchor(aRegion, i);
+        samples.emplace_back(double(anchor.x()), double(anchor.y()));
+    }
+    return samples;
+}
+
+QPoint pixel(const Point2D& aPoint)
+{
+    return WholePixel::cut(aPoint.x, aPoint.y);
+}
+
+/// The nodes between and around the segments. The outer handles of the first and the last node lie on their
+/// anchors. The last node is written only behind a second segment: a stroke that one segment fits gets its
+/// last node at (0, 0).
+Q3PointArray nodesOf(const std::vector<Point2D>& aCubics, int aSegments)
+{
+    const auto control = [&](int aSegment, int aPoint) {
+        return pixel(aCubics[std::size_t(aSegment) * kPerSegment + std::size_t(aPoint)]);
+    };
+    Q3PointArray points(kPerNode * (aSegments + 1));
+    points[0] = points[1] = control(0, 0);
+    points[2] = control(0, 1);
+    for (int s = 1; s < aSegments; ++s) {
+        points[kPerNode * s] = control(s - 1, 2);
+        points[kPerNode * s + 1] = control(s, 0);
+        points[kPerNode * s + 2] = control(s, 1);
+    }
+    if (aSegments > 1) {
+        points[kPerNode * aSegments] = control(aSegments - 1, 2);
+        points[kPerNode * aSegments + 1] = points[kPerNode * aSegments + 2] = control(aSegments - 1, 3);
+    }
+    return points;
+}
+
+} // namespace
+
+int ZnCvSplineOptymize::optymizeSpline(LmCvRegion* aRegion, float aError, float aNeighbourDistance)
+{
+    if (!aRegion)
+        return 0;
+    Thinning(*aRegion).run(aNeighbourDistance);
+    const int count = aRegion->nodeCount();
+    if (count < kFewestFitted)
+        return 0;
+
+    const std::vector<Point2D> samples = anchors(*aRegion);
+    std::vector<Point2D> cubics(std::size_t(count) * kPerSegment);
+    const int segments = SplineOptymizeInternal().bezierFitCubicConst(
+        cubics.data(), samples.data(), count, Point2D(), double(aError), unsigned(count));
+    if (segments <= 0) {
+        std::puts(segments == 0 ? "[SplineOptymize::optymizeSpline] Segment not found!"
+                                : "[SplineOptymize::optymizeSpline] Error during optymize!");
+        return segments;
+    }
+    OutlineNodes::replace(*aRegion, nodesOf(cubics, segments));
+    return segments;
+}
