@@ -2,8 +2,6 @@
 
 #include "SplineOptymizeInternal.h"
 
-#include <cstring>
-
 namespace {
 
 constexpr std::size_t kGuard = 2; // entries behind the room that the fit was given
@@ -12,7 +10,9 @@ constexpr int kSplitFill = -7;
 
 bool sameBits(double a, double b)
 {
-    return std::memcmp(&a, &b, sizeof(a)) == 0 || (std::isnan(a) && std::isnan(b));
+    if (std::isnan(a) || std::isnan(b))
+        return std::isnan(a) && std::isnan(b);
+    return a == b && std::signbit(a) == std::signbit(b);
 }
 
 } // namespace

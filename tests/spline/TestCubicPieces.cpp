@@ -25,8 +25,8 @@ Point2D deCasteljau(unsigned aDegree, const Point2D* aControls, double aT)
     long double x[4];
     long double y[4];
     for (unsigned i = 0; i <= aDegree; ++i) {
-        x[i] = aControls[i].x;
-        y[i] = aControls[i].y;
+        x[i] = static_cast<long double>(aControls[i].x);
+        y[i] = static_cast<long double>(aControls[i].y);
     }
     for (unsigned level = aDegree; level > 0; --level) {
         for (unsigned i = 0; i < level; ++i) {
@@ -71,7 +71,7 @@ void TestCubicPieces::pointOfACurveOfEachDegree()
         Point2D controls[4];
         for (Point2D& control : controls)
             control = {random.generateDouble() * 200.0 - 100.0, random.generateDouble() * 200.0 - 100.0};
-        const double t = round < 8 ? double(round / 4) : random.generateDouble();
+        const double t = round < 4 ? 0.0 : round < 8 ? 1.0 : random.generateDouble();
         const Point2D point = theMaths.bezierPnt(degree, controls, t);
         QVERIFY(near(point, deCasteljau(degree, controls, t)));
         QVERIFY(point == PlainFit::bezier(degree, controls, t));
@@ -165,6 +165,9 @@ void TestCubicPieces::newtonStepFromAFarthestPoint()
     QCOMPARE(theMaths.newtonRaphsonRootFind(kArch, {2.1, -50.0}, 0.5), up);
     QCOMPARE(theMaths.newtonRaphsonRootFind(kArch, {1.9, -50.0}, 0.5), down);
     QCOMPARE(theMaths.newtonRaphsonRootFind(kArch, {2.0, -50.0}, 0.5), 0.5);
+    // The denominator is 6 * 6 - 0.75 * 48 = 0.
+    QCOMPARE(theMaths.newtonRaphsonRootFind(kArch, {2.1, 5.25}, 0.5), up);
+    QCOMPARE(theMaths.newtonRaphsonRootFind(kArch, {1.9, 5.25}, 0.5), down);
 }
 
 void TestCubicPieces::newtonStepNeverWorsensTheDistance()
@@ -220,6 +223,10 @@ void TestCubicPieces::hookBelowTheToleranceIsNone()
         QCOMPARE(theMaths.computeHook({0, 0}, b, 0.5, far, 3.001 * scale), 0.0);
         QVERIFY(std::abs(theMaths.computeHook({0, 0}, b, 0.5, far, 2.999 * scale) - 3.0 / 6.999) < 1e-12);
     }
+    // Both halves of this square of a length vanish, the square of the tolerance doesn't.
+    const Point2D least(1.556e-162, 1.556e-162);
+    const Point2D there[4] = {least, least, least, least};
+    QVERIFY(theMaths.computeHook({}, {}, 0.5, there, 2.2e-162) >= 1.0);
 }
 
 void TestCubicPieces::errorRatioTellsTheWorstSample()
@@ -255,7 +262,7 @@ void TestCubicPieces::errorRatioOfAHookIsNegative()
 void TestCubicPieces::exactFitLeavesTheSplitPoint()
 {
     const Point2D line[4] = {{0, 0}, {1, 0}, {2, 0}, {3, 0}};
-    const Point2D samples[] = {{0, 0}, {1.5, 0}, {3, 0}};
+    const Point2D samples[] = {{0, 70}, {1.5, 0}, {3, 0}}; // the first one isn't measured
     const double params[] = {0.0, 0.5, 1.0};
     unsigned split = 99;
     QCOMPARE(theMaths.computeMaxErrorRatio(samples, params, 3, line, 0.5, &split), 0.0);

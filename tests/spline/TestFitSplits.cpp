@@ -44,10 +44,13 @@ private:
 void TestFitSplits::budgetCountsAllSegments()
 {
     std::vector<Point2D> stairs;
+    Point2D corner;
     for (int i = 0; i < 12; ++i) {
-        for (int step = 0; step < 4; ++step)
-            stairs.push_back({double(40 * ((i + 1) / 2) + (i % 2 ? 0 : 10 * step)),
-                              double(40 * (i / 2) + (i % 2 ? 10 * step : 0))});
+        const Point2D step = i % 2 == 0 ? Point2D(10, 0) : Point2D(0, 10);
+        for (int k = 0; k < 4; ++k) {
+            stairs.push_back(corner);
+            corner = corner + step;
+        }
     }
     const int needed = full(stairs, kFree, kFree, 0.5, 48);
     QVERIFY(needed >= 12);

@@ -3,7 +3,7 @@
 #include "SplineOptymizeInternal.h"
 #include "TestFont.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace {
 
@@ -12,9 +12,9 @@ bool near(const Point2D& a, const Point2D& b, double aTolerance = 1e-12)
     return lenPower(a - b) <= aTolerance;
 }
 
-bool sameBits(const Point2D (&a)[4], const Point2D (&b)[4])
+bool sameCubic(const Point2D (&a)[4], const Point2D (&b)[4])
 {
-    return std::memcmp(static_cast<const void*>(a), static_cast<const void*>(b), sizeof(a)) == 0;
+    return std::equal(a, a + 4, b);
 }
 
 } // namespace
@@ -34,6 +34,7 @@ private Q_SLOTS:
     void handleLengthLimitIsAbsolute();
     void oneControlPointIsSolvedAlone();
     void onlyAFreeLeftEndIsRefined();
+    void refinedControlOnItsAnchorKeepsTheTangent();
 
 private:
     SplineOptymizeInternal theMaths;
@@ -183,17 +184,30 @@ void TestHandleLengths::onlyAFreeLeftEndIsRefined()
     theMaths.generateBezier(given, samples, params, 5, left, right, 0.5);
     Point2D plain[4];
     theMaths.estimateLengths(plain, samples, params, 5, left, right);
-    QVERIFY(sameBits(given, plain));
+    QVERIFY(sameCubic(given, plain));
     Point2D rightFree[4];
     theMaths.generateBezier(rightFree, samples, params, 5, left, {}, 0.5);
-    QVERIFY(sameBits(rightFree, plain));
+    QVERIFY(sameCubic(rightFree, plain));
     Point2D leftFree[4];
     theMaths.generateBezier(leftFree, samples, params, 5, {}, right, 0.5);
     theMaths.estimateBi(plain, 1, samples, params, 5);
     theMaths.estimateLengths(plain, samples, params, 5, unitVector(plain[1] - plain[0]), right);
-    QVERIFY(sameBits(leftFree, plain));
+    QVERIFY(sameCubic(leftFree, plain));
     QVERIFY(leftFree[1] != given[1]);
     QVERIFY(near(unitVector(leftFree[2] - leftFree[3]), right));
+}
+
+void TestHandleLengths::refinedControlOnItsAnchorKeepsTheTangent()
+{
+    // Along a line with a middle that puts the solved control point on the first anchor.
+    const Point2D samples[] = {{0, 0}, {1.5, 0}, {4, 0}};
+    const double params[] = {0.0, 0.5, 1.0};
+    Point2D solved[4] = {{0, 0}, {9, 9}, {4.0 - 4.0 / 3.0, 0}, {4, 0}};
+    theMaths.estimateBi(solved, 1, samples, params, 3);
+    QVERIFY(solved[1] == Point2D(0, 0));
+    Point2D cubic[4];
+    theMaths.generateBezier(cubic, samples, params, 3, {}, {-1, 0}, 0.5);
+    QVERIFY(cubic[1] == Point2D(4.0 / 3.0, 0));
 }
 
 MEASURE_TEST_MAIN(TestHandleLengths)
