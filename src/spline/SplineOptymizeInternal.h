@@ -34,11 +34,15 @@ public:
                            unsigned aMaxSegments);
 
     double lensq(const Point2D& aPoint);
+    /// The number of points written. A NaN in the first point never returns.
     int copyWithoutNansOrAdjacentDuplicates(const Point2D* aSource, unsigned aLength, Point2D* aTarget);
+    /// The point of a curve of degree 3 at most.
     Point2D bezierPnt(unsigned aDegree, const Point2D* aControls, double aT);
     void chordLengthParameterize(const Point2D* aSamples, double* aParams, unsigned aLength);
     double computeHook(const Point2D& a, const Point2D& b, double aU, const Point2D* aCubic,
                        double aTolerance);
+    /// The largest distance of a sample in tolerances, or, where a bulge between two samples is the worse
+    /// one, its ratio with a negative sign. The split point is written only for something greater than 0.
     double computeMaxErrorRatio(const Point2D* aSamples, const double* aParams, unsigned aLength,
                                 const Point2D* aCubic, double aTolerance, unsigned* aSplitPoint);
     void estimateBi(Point2D* aCubic, unsigned aIndex, const Point2D* aSamples, const double* aParams,
@@ -47,6 +51,8 @@ public:
                          const Point2D& aLeftTangent, const Point2D& aRightTangent);
     double newtonRaphsonRootFind(const Point2D* aCubic, const Point2D& aSample, double aU);
     void reparameterize(const Point2D* aSamples, unsigned aLength, double* aParams, const Point2D* aCubic);
+    // Tangents towards the neighbour, or towards the first sample beyond the tolerance. The one in the centre
+    // points backwards.
     Point2D estimateLeftTangent(const Point2D* aSamples, unsigned aLength);
     Point2D estimateLeftTangent(const Point2D* aSamples, unsigned aLength, double aSquaredTolerance);
     Point2D estimateRightTangent(const Point2D* aSamples, unsigned aLength);
