@@ -4,12 +4,17 @@
 #include <cstdio>
 #include <unistd.h>
 
-void OutlineFixture::draw(const QList<QPoint>& aStroke)
+QList<QPoint> withoutHandles(const QList<QPoint>& aAnchors)
 {
     QList<QPoint> points;
-    for (const QPoint& anchor : aStroke)
+    for (const QPoint& anchor : aAnchors)
         points << anchor << anchor << anchor;
-    setNodes(points);
+    return points;
+}
+
+void OutlineFixture::draw(const QList<QPoint>& aStroke)
+{
+    setNodes(withoutHandles(aStroke));
     theRegion->theHandlesEnabled = false;
 }
 

@@ -28,6 +28,9 @@ struct OutlineFixture
     LmCvRegion* theRegion; // owned by the canvas
 };
 
+/// The points of nodes whose handles lie on their anchors.
+QList<QPoint> withoutHandles(const QList<QPoint>& aAnchors);
+
 /// What is printed to standard output while it lives.
 class PrintedText
 {

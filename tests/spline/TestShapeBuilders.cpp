@@ -17,15 +17,6 @@ QList<QPoint> built(Builder aBuilder, QPoint aCentre, double aWidth, double aHei
     return outline.points();
 }
 
-/// Nodes whose three points are equal.
-QList<QPoint> corners(const QList<QPoint>& aCorners)
-{
-    QList<QPoint> points;
-    for (const QPoint& corner : aCorners)
-        points << corner << corner << corner;
-    return points;
-}
-
 } // namespace
 
 class TestShapeBuilders : public QObject
@@ -48,16 +39,16 @@ private Q_SLOTS:
 void TestShapeBuilders::rectangleRunsClockwiseFromItsTopLeft()
 {
     QCOMPARE(built(ZnCvSplineTryShape::getRectangle, QPoint(100, 200), 60.0, 20.0),
-             corners({{70, 190}, {130, 190}, {130, 210}, {70, 210}}));
+             withoutHandles({{70, 190}, {130, 190}, {130, 210}, {70, 210}}));
 }
 
 void TestShapeBuilders::rectangleIsCutTowardZero()
 {
     // From -7.5 to 7.5 and from -12.25 to 8.25.
     QCOMPARE(built(ZnCvSplineTryShape::getRectangle, QPoint(0, -2), 15.0, 20.5),
-             corners({{-7, -12}, {7, -12}, {7, 8}, {-7, 8}}));
+             withoutHandles({{-7, -12}, {7, -12}, {7, 8}, {-7, 8}}));
     QCOMPARE(built(ZnCvSplineTryShape::getRectangle, QPoint(-100, -100), 1.9, 1.9),
-             corners({{-100, -100}, {-99, -100}, {-99, -99}, {-100, -99}}));
+             withoutHandles({{-100, -100}, {-99, -100}, {-99, -99}, {-100, -99}}));
 }
 
 void TestShapeBuilders::ellipseRunsFromItsLeftOverItsBottom()
