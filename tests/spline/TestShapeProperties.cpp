@@ -4,6 +4,7 @@
 #include "OutlineFixture.h"
 #include "PlainOutline.h"
 #include "PlainShape.h"
+#include "PointMath.h"
 #include "ShapeStrokes.h"
 #include "TestFont.h"
 #include "ZnCvSplineOptymize.h"
@@ -30,10 +31,8 @@ void edit(OutlineFixture& aOutline, QRandomGenerator& aRandom)
         region.theNodeStates[i].selected = aRandom.bounded(2) == 0;
         region.theNodeStates[i].synchro = LmBezierPoint::Synchro(aRandom.bounded(3));
         const QPoint pull(aRandom.bounded(-9, 10), aRandom.bounded(-9, 10));
-        if (std::abs(double(region.thePoints.at(3 * i).x())) < 1e9)
-            region.thePoints[3 * i] += pull;
-        if (std::abs(double(region.thePoints.at(3 * i + 2).x())) < 1e9)
-            region.thePoints[3 * i + 2] -= pull;
+        region.thePoints[3 * i] = PointMath::sum(region.thePoints.at(3 * i), pull);
+        region.thePoints[3 * i + 2] = PointMath::difference(region.thePoints.at(3 * i + 2), pull);
     }
     region.theClosed = aRandom.bounded(2) == 0;
 }
