@@ -31,10 +31,11 @@ public:
 
     void run(float aNeighbourDistance)
     {
-        for (int i = 2; i < theCount; ++i) {
-            const int length =
-                OutlineNodes::manhattanLength(keptAnchor(i - 2), OutlineNodes::anchor(theRegion, source(i)));
-            if (float(length) <= aNeighbourDistance && source(i - 1) < theCount)
+        // Steps farther on find no node between any more.
+        for (int i = 2; i < theCount && source(i - 1) < theCount; ++i) {
+            const int length = OutlineNodes::manhattanLength(OutlineNodes::anchor(theRegion, i - 2),
+                                                             OutlineNodes::anchor(theRegion, source(i)));
+            if (float(length) <= aNeighbourDistance)
                 ++theRemoved;
             if (theRemoved > 0 && source(i - 1) < theCount)
                 move(source(i - 1), i - 1);
@@ -48,10 +49,6 @@ public:
 
 private:
     int source(int aNode) const { return aNode + theRemoved; }
-    QPoint keptAnchor(int aNode) const
-    {
-        return aNode < theCount - theRemoved ? OutlineNodes::anchor(theRegion, aNode) : QPoint(0, 0);
-    }
     void move(int aFrom, int aTo)
     {
         std::copy_n(theRegion.thePoints.cbegin() + kPerNode * aFrom, kPerNode,

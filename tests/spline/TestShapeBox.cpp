@@ -61,6 +61,7 @@ private Q_SLOTS:
     void coarseSearchStopsAtEightyDegrees();
     void equalBoxesKeepTheFirst();
     void onePointHasNoTurn();
+    void pointsAreTurnedByTenDigitsOfPi();
 };
 
 void TestShapeBox::pointsAreMovedToTheirMean()
@@ -143,6 +144,21 @@ void TestShapeBox::onePointHasNoTurn()
     QCOMPARE(rows.angle(), 0.0);
     QCOMPARE(rows.theCentreX, 12.5);
     QCOMPARE(rows.theCentreY, -3.0);
+}
+
+void TestShapeBox::pointsAreTurnedByTenDigitsOfPi()
+{
+    // Far out the digits show; three points in a row are no shape, so there is no region to fill.
+    Rows rows({{1e12, 0.0}, {2e12, 0.0}, {3e12, 1e12}});
+    QCOMPARE(
+        ZnCvSplineTryShape::findShape(reinterpret_cast<double(*)[2]>(rows.theRows.data()), 3, 60.0, nullptr),
+        0);
+    const double radians = 60.0 * 3.1415926536 / 180.0;
+    QVERIFY(rows.theRows[0].theXy[0] == std::cos(radians) * 1e12);
+    QVERIFY(rows.theRows[0].theXy[1] == -std::sin(radians) * 1e12);
+    QVERIFY(rows.theRows[2].theXy[0] == std::cos(radians) * 3e12 + std::sin(radians) * 1e12);
+    QVERIFY(rows.theRows[2].theXy[1] == std::cos(radians) * 1e12 - std::sin(radians) * 3e12);
+    QVERIFY(std::cos(radians) * 1e12 != std::cos(60.0 * M_PI / 180.0) * 1e12);
 }
 
 MEASURE_TEST_MAIN(TestShapeBox)
