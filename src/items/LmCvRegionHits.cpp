@@ -144,8 +144,8 @@ void LmCvRegion::selectNodes(const QPoint& aCorner, const QSize& aSize)
     if (!theShowNodes)
         return;
     const QPoint opposite = PointMath::sum(aCorner, QPoint(aSize.width(), aSize.height()));
-    const auto [left, right] = std::minmax(aCorner.x(), opposite.x());
-    const auto [top, bottom] = std::minmax(aCorner.y(), opposite.y());
+    const auto [left, right] = std::minmax({aCorner.x(), opposite.x()});
+    const auto [top, bottom] = std::minmax({aCorner.y(), opposite.y()});
     const QRect band(QPoint(left, top), QPoint(right, bottom));
     invalidate();
     for (int i = 0; i < nodeCount(); ++i)

@@ -40,6 +40,12 @@ struct RegionFixture
         theItem->addNode(node(aAnchor, aLeft, aRight), -1, LmNodeState());
         theItem->theNodesChanged = false;
     }
+    void addThree()
+    {
+        add(QPoint(100, 100), QPoint(-10, 0), QPoint(10, 5));
+        add(QPoint(200, 150), QPoint(-20, -5), QPoint(20, 5));
+        add(QPoint(300, 120), QPoint(-30, 0), QPoint(30, 0));
+    }
     static LmBezierPoint node(const QPoint& aAnchor, const QPoint& aLeft = QPoint(),
                               const QPoint& aRight = QPoint())
     {
