@@ -25,7 +25,6 @@ public:
     LmCvRegion(LmCvManipulator* aTool, Q3Canvas* aCanvas, const QString& aLabel, Q3CanvasView* aView);
     ~LmCvRegion() override;
 
-    // Nodes.
     int nodeCount() const { return int(theNodeStates.size()); }
     /// Inserts the node at aIndex, or appends it for an index that no node has. A selected node becomes the
     /// only selected one; one that is dragged becomes the current node.
@@ -34,15 +33,15 @@ public:
     void removeSelectedNodes();
     LmBezierPoint getNode(unsigned aIndex) const; // for an index out of range an invalid one at (0, 0)
     void setNode(unsigned aIndex, const LmBezierPoint& aNode);
-    /// Moves a handle and the other one as the node's synchro says. The index must be a node's. A relative
-    /// position is an offset from the anchor.
+    /// Moves a handle and the other one as the node's synchro says; nothing for an index that no node has. A
+    /// relative position is an offset from the anchor.
     void setNodeLeftCtrl(unsigned aIndex, QPoint aPos, bool aRelative);
     void setNodeRightCtrl(unsigned aIndex, QPoint aPos, bool aRelative);
     void setNodeSelected(unsigned aIndex, bool aSelected);
     void setNodeSynchro(unsigned aIndex, LmBezierPoint::Synchro aSynchro);
     /// aExcept is a node that is spared, -1 for none.
     void deselectAllNodes(int aExcept);
-    /// Takes copies of points and states and moves the points by the offset.
+    /// Takes copies of points and states, as far as they are whole nodes, and moves them by the offset.
     void setPoints(const QPoint& aOffset, const Q3PointArray& aPoints,
                    const Q3ValueVector<LmNodeState>& aStates);
     /// Makes every segment straight.
@@ -110,6 +109,7 @@ private:
     void pressElsewhere(QMouseEvent* aEvent, const QPoint& aPos);
     void toggleNode(int aNode);
     void restartHandles(int aNode);
+    void dragNode(LmNodeState::Dragged aDragged, const QPoint& aDelta);
     void moveSelectedNodesBy(const QPoint& aDelta);
     void drawOutline(QPainter& aPainter) const;
     void drawLabel(QPainter& aPainter) const;

@@ -158,24 +158,31 @@ void LmCvRegion::mouseMoveEvent(QMouseEvent* aEvent, QPoint& aPos)
         aEvent->accept();
         return;
     }
-    // A change from outside, undo for example, may have taken the node away in the middle of the drag.
-    const auto current = unsigned(theCurrentNode);
-    switch (dragged) {
+    // Nothing to drag also where a change from outside, undo for example, took the node away on the way.
+    if (dragged == LmNodeState::kDraggedNone)
+        return;
+    dragNode(dragged, delta);
+    aEvent->accept();
+}
+
+void LmCvRegion::dragNode(LmNodeState::Dragged aDragged, const QPoint& aDelta)
+{
+    const int node = theCurrentNode;
+    switch (aDragged) {
     case LmNodeState::kDraggedNone:
         return;
     case LmNodeState::kDraggedLeftCtrl:
-        setNodeLeftCtrl(current, PointMath::sum(pointAt(theCurrentNode, LmBezierPoint::kLeftCtrl), delta),
+        setNodeLeftCtrl(unsigned(node), PointMath::sum(pointAt(node, LmBezierPoint::kLeftCtrl), aDelta),
                         false);
-        break;
+        return;
     case LmNodeState::kDraggedRightCtrl:
-        setNodeRightCtrl(current, PointMath::sum(pointAt(theCurrentNode, LmBezierPoint::kRightCtrl), delta),
+        setNodeRightCtrl(unsigned(node), PointMath::sum(pointAt(node, LmBezierPoint::kRightCtrl), aDelta),
                          false);
-        break;
+        return;
     case LmNodeState::kDraggedAnchor:
-        moveSelectedNodesBy(delta);
-        break;
+        moveSelectedNodesBy(aDelta);
+        return;
     }
-    aEvent->accept();
 }
 
 void LmCvRegion::moveSelectedNodesBy(const QPoint& aDelta)
