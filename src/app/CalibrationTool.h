@@ -22,7 +22,7 @@ public:
     void start();
     bool isRunning() const { return theState != kOff; }
     /// What the user is to do next.
-    QString hint() const;
+    QString hint() const override;
     /// Takes the line away and gives the former tool back.
     void finish();
 
