@@ -1,6 +1,7 @@
 #include "LmToolFactory.h"
 
 #include "LmCvManipDist.h"
+#include "LmCvManipRegion.h"
 
 #include <QLatin1String>
 
@@ -21,6 +22,7 @@ LmCvManipulator* make(QObject* aParent)
 // One row for each tool that exists. The order is that of Region, Counter, Distance, Dimension, Angle,
 // Measure_window and Auto_create.
 constexpr ToolRow kTools[] = {
+    {QLatin1String("Region"), make<LmCvManipRegion>},
     {QLatin1String("Distance"), make<LmCvManipDist>},
 };
 

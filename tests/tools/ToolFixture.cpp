@@ -30,6 +30,7 @@ void ToolFixture::resetSharedState()
     theKernel.theAltImage = nullptr;
     theKernel.theImageSource = 0;
     theKernel.theCurrentFrame = 0;
+    theKernel.theFrameCount = 0;
     theKernel.theCalibScale = 1.0;
     const QStringList names = theKernel.calibrations().keys();
     for (const QString& name : names)

@@ -43,8 +43,10 @@ public:
     QToolBar theToolBar;
     LmCvEditor theEditor;
 
-private:
+protected:
     QPoint viewportPos(const QPoint& aCanvasPoint) const;
+
+private:
     void resetSharedState();
 };
 
