@@ -9,6 +9,7 @@
 #include <QPainterPath>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -20,6 +21,18 @@ QRect nodeBox(const QPoint& aCentre)
     constexpr int kRadius = int(LmCvRegion::kDefNodeRadius);
     const QPoint corner = aCentre - QPoint(kRadius, kRadius);
     return QRect(corner, corner + QPoint(5, 5));
+}
+
+// The top left and the bottom right corner of what holds all points, of which there is at least one.
+std::pair<QPoint, QPoint> outermost(const Q3PointArray& aPoints)
+{
+    QPoint topLeft = aPoints.first();
+    QPoint bottomRight = topLeft;
+    for (const QPoint& point : aPoints) {
+        topLeft = QPoint(std::min(topLeft.x(), point.x()), std::min(topLeft.y(), point.y()));
+        bottomRight = QPoint(std::max(bottomRight.x(), point.x()), std::max(bottomRight.y(), point.y()));
+    }
+    return {topLeft, bottomRight};
 }
 
 QSize planeOf(const Q3Canvas* aCanvas)
@@ -81,10 +94,13 @@ QRect LmCvRegion::extent() const
         right = std::max(right, aBottomRight.x());
         bottom = std::max(bottom, aBottomRight.y());
     };
-    const int margin = PointMath::saturated(qint64(theNodeDiameter));
-    const QPoint reach(margin, margin);
-    for (const QPoint& point : thePoints)
-        hold(PointMath::difference(point, reach), PointMath::sum(point, reach));
+    if (!thePoints.isEmpty()) {
+        // The reach of a node is added to the ends alone: a stroke asks this of all its points at each move.
+        const int margin = PointMath::saturated(qint64(theNodeDiameter));
+        const QPoint reach(margin, margin);
+        const auto [topLeft, bottomRight] = outermost(thePoints);
+        hold(PointMath::difference(topLeft, reach), PointMath::sum(bottomRight, reach));
+    }
     hold(theLabelRect.topLeft(), theLabelRect.bottomRight());
     return QRect(QPoint(left, top), QPoint(right, bottom));
 }
