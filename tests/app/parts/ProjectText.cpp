@@ -1,5 +1,7 @@
 #include "ProjectText.h"
 
+#include <QByteArrayList>
+
 QByteArray ProjectText::project(const QByteArray& aPicture, const QByteArray& aCalibrations,
                                 const QByteArray& aObjects, const QByteArray& aVersion)
 {
@@ -26,4 +28,32 @@ QByteArray ProjectText::distance(int aIdx)
            "<param name=\"pos\" type=\"QPoint\"><default>20 30</default></param>\n"
            "<param name=\"ep\" type=\"QPoint\"><default>10 10</default></param>\n"
            "</object>\n";
+}
+
+QByteArray ProjectText::RegionText::corners(const QByteArray& aAnchors)
+{
+    QByteArrayList points;
+    for (const QByteArray& anchor : aAnchors.split(' '))
+        points << anchor << anchor << anchor;
+    return points.join(' ');
+}
+
+QByteArray ProjectText::RegionText::states(int aCount)
+{
+    return QByteArray("\xff\0\1", 3).repeated(aCount).toBase64();
+}
+
+QByteArray ProjectText::region(int aIdx, const RegionText& aText)
+{
+    const auto param = [](const char* aName, const char* aType, const QByteArray& aValue,
+                          const QByteArray& aMore = QByteArray()) {
+        return "<param name=\"" + QByteArray(aName) + "\" type=\"" + aType + "\"><default>" + aValue +
+               "</default>" + aMore + "</param>\n";
+    };
+    return "<object type=\"1103\" index=\"" + QByteArray::number(aIdx) + "\" animated=\"" +
+           (aText.theKeyframes.isEmpty() ? "false" : "true") + "\">\n" + param("vis", "bool", "true") +
+           param("col", "QColor", "#ffff0000") + param("dispv", "QString", "Width") +
+           param("cl", "bool", aText.theClosed) +
+           param("pts", "QPolygon", aText.thePoints, aText.theKeyframes) +
+           param("nst", "QByteArray", aText.theStates) + param("pos", "QPoint", aText.thePos) + "</object>\n";
 }

@@ -14,6 +14,24 @@ QByteArray picture(const QString& aPath, int aWidth, int aHeight);
 /// A complete distance from (10, 20) to (30, 40).
 QByteArray distance(int aIdx);
 
+/// The values of a region as they stand in the file: by default a closed square of 40 pixels around (100, 80)
+/// with corners.
+struct RegionText
+{
+    QByteArray thePoints = corners("-20,-20 20,-20 20,20 -20,20");
+    QByteArray theStates = states(4);
+    QByteArray theClosed = "true";
+    QByteArray thePos = "100 80";
+    QByteArray theKeyframes; // of the points
+
+    /// Each anchor with both handles on it.
+    static QByteArray corners(const QByteArray& aAnchors);
+    /// The states of so many nodes whose handles keep one direction.
+    static QByteArray states(int aCount);
+};
+
+QByteArray region(int aIdx, const RegionText& aText = RegionText());
+
 } // namespace ProjectText
 
 #endif
