@@ -32,7 +32,7 @@ public:
     void removeNode(unsigned aIndex);
     void removeSelectedNodes();
     LmBezierPoint getNode(unsigned aIndex) const; // for an index out of range an invalid one at (0, 0)
-    void setNode(unsigned aIndex, const LmBezierPoint& aNode);
+    void setNode(unsigned aIndex, const LmBezierPoint& aNode); // nothing without three points
     /// Moves a handle and the other one as the node's synchro says; nothing for an index that no node has. A
     /// relative position is an offset from the anchor.
     void setNodeLeftCtrl(unsigned aIndex, QPoint aPos, bool aRelative);
@@ -46,8 +46,8 @@ public:
                    const Q3ValueVector<LmNodeState>& aStates);
     /// Makes every segment straight.
     void makePolygon();
-    void calcOtherCtrlPoint(const QPoint& aMoved, const QPoint& aAnchor, QPoint& aOther,
-                            LmBezierPoint::Synchro aSynchro, bool aRelative) const;
+    static void calcOtherCtrlPoint(const QPoint& aMoved, const QPoint& aAnchor, QPoint& aOther,
+                                   LmBezierPoint::Synchro aSynchro, bool aRelative);
     /// Puts other nodes in place of all, with handles that can be picked.
     void replaceNodes(const Q3PointArray& aPoints, const Q3ValueVector<LmNodeState>& aStates);
     /// Counts as a change of the geometry.

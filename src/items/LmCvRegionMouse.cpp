@@ -27,8 +27,7 @@ void LmCvRegion::enterDrawMode(QPoint& aPos, bool aAppend)
     state.synchro = LmBezierPoint::kSynchroMirror;
     state.dragged = aAppend ? LmNodeState::kDraggedRightCtrl : LmNodeState::kDraggedLeftCtrl;
     addNode(node, aAppend ? -1 : 0, state);
-    if (thePoints.size() > 2)
-        updateLabel();
+    updateLabel();
 }
 
 // The mouse goes on pulling the handle by which the outline arrives at its far end.

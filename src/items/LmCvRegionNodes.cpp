@@ -22,11 +22,6 @@ void shift(Q3PointArray& aPoints, const QPoint& aDelta)
         point = PointMath::sum(point, aDelta);
 }
 
-int rounded(double aValue)
-{
-    return PointMath::saturated(qint64(aValue));
-}
-
 // The way of a handle of this length that points away from the way (aDx, aDy), which isn't zero.
 QPoint opposite(qint64 aDx, qint64 aDy, double aLength)
 {
@@ -34,10 +29,9 @@ QPoint opposite(qint64 aDx, qint64 aDy, double aLength)
     const double angle = aDx != 0 ? std::atan(double(aDy) / double(aDx)) : vertical;
     const double x = aLength * std::cos(angle);
     const double y = aLength * std::sin(angle);
-    // Halves are rounded away from the anchor, to whichever side the handle points.
     if (aDx < 0)
-        return QPoint(rounded(std::floor(x + 0.5)), rounded(std::floor(y + 0.5)));
-    return QPoint(rounded(std::ceil(-x - 0.5)), rounded(std::ceil(-y - 0.5)));
+        return PointMath::cut(std::floor(x + 0.5), std::floor(y + 0.5));
+    return PointMath::cut(std::ceil(-x - 0.5), std::ceil(-y - 0.5));
 }
 
 } // namespace
@@ -150,7 +144,7 @@ void LmCvRegion::setNodeRightCtrl(unsigned aIndex, QPoint aPos, bool aRelative)
 }
 
 void LmCvRegion::calcOtherCtrlPoint(const QPoint& aMoved, const QPoint& aAnchor, QPoint& aOther,
-                                    LmBezierPoint::Synchro aSynchro, bool aRelative) const
+                                    LmBezierPoint::Synchro aSynchro, bool aRelative)
 {
     const QPoint origin = aRelative ? QPoint(0, 0) : aAnchor;
     const qint64 dx = qint64(aMoved.x()) - origin.x();
@@ -228,9 +222,9 @@ void LmCvRegion::replaceNodes(const Q3PointArray& aPoints, const Q3ValueVector<L
     thePoints = aPoints;
     theNodeStates = aStates;
     keepWholeNodes(thePoints, theNodeStates);
-    theHandlesEnabled = true;
     changeChunks();
     updateLabel();
+    theHandlesEnabled = true;
 }
 
 void LmCvRegion::moveObjectBy(const QPoint& aDelta)

@@ -42,7 +42,8 @@ public:
     double computeHook(const Point2D& a, const Point2D& b, double aU, const Point2D* aCubic,
                        double aTolerance);
     /// The largest distance of a sample in tolerances, or, where a bulge between two samples is the worse
-    /// one, its ratio with a negative sign. The split point is written only for something greater than 0.
+    /// one, its ratio with a negative sign. The split point is written only where something is worse than 0;
+    /// it is the greatest unsigned number where a ratio is no number.
     double computeMaxErrorRatio(const Point2D* aSamples, const double* aParams, unsigned aLength,
                                 const Point2D* aCubic, double aTolerance, unsigned* aSplitPoint);
     void estimateBi(Point2D* aCubic, unsigned aIndex, const Point2D* aSamples, const double* aParams,

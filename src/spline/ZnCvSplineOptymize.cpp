@@ -1,10 +1,9 @@
 #include "ZnCvSplineOptymize.h"
 
 #include "OutlineNodes.h"
+#include "PointMath.h"
 #include "SplineOptymizeInternal.h"
-#include "WholePixel.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -14,52 +13,22 @@ constexpr int kPerNode = LmBezierPoint::kPointCount;
 constexpr int kPerSegment = 4;
 constexpr int kFewestFitted = 4; // nodes; a shorter outline stays the polygon that it is
 
-/// Drops the crowded nodes of an outline.
+/// Drops the crowded nodes of an outline: a node goes when its two neighbours are close to each other.
 ///
-/// A step i looks at the nodes i - 2 and i of the outline as it is by then and takes out the one between them
-/// if they are close. As many steps are made as there were nodes before, and each goes one node on, also
-/// after a removal. So two things differ from a walk over neighbours: after a removal the node that moved
-/// into the gap is never asked itself, and once the steps are past the end of the shrunk outline they compare
-/// with nodes at (0, 0), which costs an outline that ends near the canvas origin its last nodes.
-///
-/// Nodes before i - 1 have their final places, those from there on stand theRemoved places farther back: so
-/// each node moves once instead of at every removal before it.
-class Thinning
+/// As many steps are made as there were nodes before, each on the outline as the last one left it and each
+/// one node on, also after a removal. So the node that moves into a gap is never asked itself, and the steps
+/// past the end of the shrunk outline compare with nodes at (0, 0), which costs an outline that ends near the
+/// canvas origin its last nodes.
+void thin(LmCvRegion& aRegion, float aNeighbourDistance)
 {
-public:
-    explicit Thinning(LmCvRegion& aRegion) : theRegion(aRegion), theCount(aRegion.nodeCount()) {}
-
-    void run(float aNeighbourDistance)
-    {
-        // Steps farther on find no node between any more.
-        for (int i = 2; i < theCount && source(i - 1) < theCount; ++i) {
-            const int length = OutlineNodes::manhattanLength(OutlineNodes::anchor(theRegion, i - 2),
-                                                             OutlineNodes::anchor(theRegion, source(i)));
-            if (float(length) <= aNeighbourDistance)
-                ++theRemoved;
-            if (theRemoved > 0 && source(i - 1) < theCount)
-                move(source(i - 1), i - 1);
-        }
-        if (theRemoved == 0)
-            return;
-        theRegion.thePoints.resize(kPerNode * (theCount - theRemoved));
-        theRegion.theNodeStates.resize(theCount - theRemoved);
-        theRegion.changeChunks(); // marks the old extent too
+    const int count = aRegion.nodeCount();
+    for (int i = 2; i < count; ++i) {
+        const int length = OutlineNodes::manhattanLength(OutlineNodes::anchor(aRegion, i - 2),
+                                                         OutlineNodes::anchor(aRegion, i));
+        if (float(length) <= aNeighbourDistance)
+            aRegion.removeNode(unsigned(i - 1));
     }
-
-private:
-    int source(int aNode) const { return aNode + theRemoved; }
-    void move(int aFrom, int aTo)
-    {
-        std::copy_n(theRegion.thePoints.cbegin() + kPerNode * aFrom, kPerNode,
-                    theRegion.thePoints.begin() + kPerNode * aTo);
-        theRegion.theNodeStates[aTo] = theRegion.theNodeStates.at(aFrom);
-    }
-
-    LmCvRegion& theRegion;
-    const int theCount; // before the walk
-    int theRemoved = 0;
-};
+}
 
 std::vector<Point2D> anchors(const LmCvRegion& aRegion)
 {
@@ -74,7 +43,7 @@ std::vector<Point2D> anchors(const LmCvRegion& aRegion)
 
 QPoint pixel(const Point2D& aPoint)
 {
-    return WholePixel::cut(aPoint.x, aPoint.y);
+    return PointMath::cut(aPoint.x, aPoint.y);
 }
 
 /// The nodes between and around the segments. The outer handles of the first and the last node lie on their
@@ -106,7 +75,7 @@ int ZnCvSplineOptymize::optymizeSpline(LmCvRegion* aRegion, float aError, float 
 {
     if (!aRegion)
         return 0;
-    Thinning(*aRegion).run(aNeighbourDistance);
+    thin(*aRegion, aNeighbourDistance);
     const int count = aRegion->nodeCount();
     if (count < kFewestFitted)
         return 0;

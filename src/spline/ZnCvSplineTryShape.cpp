@@ -1,8 +1,8 @@
 #include "ZnCvSplineTryShape.h"
 
 #include "OutlineNodes.h"
+#include "PointMath.h"
 #include "Turn.h"
-#include "WholePixel.h"
 
 #include <algorithm>
 #include <limits>
@@ -43,7 +43,7 @@ Q3PointArray turnedBack(const Q3PointArray& aPoints, double aAngle, double aCent
     Q3PointArray turned = aPoints;
     for (QPoint& point : turned)
         point =
-            WholePixel::cut(back.x(point.x(), point.y()) + aCentreX, back.y(point.x(), point.y()) + aCentreY);
+            PointMath::cut(back.x(point.x(), point.y()) + aCentreX, back.y(point.x(), point.y()) + aCentreY);
     return turned;
 }
 
@@ -107,7 +107,7 @@ int ZnCvSplineTryShape::findShape(double (*aPoints)[2], unsigned aCount, double 
         minY = std::min(minY, y);
         maxY = std::max(maxY, y);
     }
-    const QPoint centre = WholePixel::cut((minX + maxX) * 0.5, 0.5 * (maxY + minY));
+    const QPoint centre = PointMath::cut((minX + maxX) * 0.5, 0.5 * (maxY + minY));
     // In float precision: rounded a little up or down, a side decides whether an edge lands on the pixel
     // before or behind.
     const double width = double(float(maxX - minX));

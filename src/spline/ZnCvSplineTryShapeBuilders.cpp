@@ -1,11 +1,11 @@
 #include "ZnCvSplineTryShape.h"
 
 #include "OutlineNodes.h"
-#include "WholePixel.h"
+#include "PointMath.h"
 
 #include <algorithm>
 
-using WholePixel::cut;
+using PointMath::cut;
 
 // The handles of a quarter of a circle are 0.55 of its radius long, 0.275 of the whole width.
 void ZnCvSplineTryShape::getEllipse(QPoint aCentre, double aWidth, double aHeight, LmCvRegion* aRegion)

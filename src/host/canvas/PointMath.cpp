@@ -33,9 +33,20 @@ QPoint PointMath::middle(const QPoint& aStart, const QPoint& aEnd)
                   qRound((double(aStart.y()) + aEnd.y()) * 0.5));
 }
 
+int PointMath::cut(double aValue)
+{
+    constexpr int kLeast = std::numeric_limits<int>::min();
+    constexpr int kMost = std::numeric_limits<int>::max();
+    if (aValue >= double(kMost))
+        return kMost;
+    if (aValue <= double(kLeast))
+        return kLeast;
+    return aValue == aValue ? int(aValue) : 0;
+}
+
 QPoint PointMath::cut(double aX, double aY)
 {
-    return QPoint(int(aX), int(aY));
+    return QPoint(cut(aX), cut(aY));
 }
 
 QPoint PointMath::nearby(const QPoint& aPoint)

@@ -14,7 +14,8 @@ QPoint difference(const QPoint& aTo, const QPoint& aFrom);
 /// The middle of a segment, each coordinate rounded with halves away from zero.
 QPoint middle(const QPoint& aStart, const QPoint& aEnd);
 
-/// The point with both coordinates cut toward zero.
+/// The number with its fraction dropped, toward zero on either side; 0 for what is no number.
+int cut(double aValue);
 QPoint cut(double aX, double aY);
 
 /// The point pulled into +-2^29, where rectangles around it can be moved without overflow.

@@ -20,7 +20,7 @@ void addSamples(const std::array<QPoint, 4>& aCubic, int aParts, int aLast, QPol
     const double parts = aParts;
     const double whole = parts * parts * parts;
     for (int step = 1; step <= aLast; ++step) {
-        // The weights are whole numbers, so that every sum is exact and one rounding remains.
+        // The weights are whole numbers, so that with few parts every sum is exact and one rounding remains.
         const double to = step;
         const double from = parts - to;
         const double weights[] = {from * from * from, 3.0 * from * from * to, 3.0 * from * to * to,
