@@ -141,9 +141,11 @@ void LmCvRegion::drawShape(QPainter& aPainter)
 
 void LmCvRegion::drawOutline(QPainter& aPainter) const
 {
-    QPainterPath outline(pointAt(0, LmBezierPoint::kAnchor));
+    // Each segment is a stroke of its own, with the pen's caps where two meet.
+    QPainterPath outline;
     const auto add = [&](int aSegment) {
         const std::array<QPoint, 4> controls = segmentControls(aSegment);
+        outline.moveTo(controls[0]);
         outline.cubicTo(controls[1], controls[2], controls[3]);
     };
     for (int i = 0; i < nodeCount() - 1; ++i)

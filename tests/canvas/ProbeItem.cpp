@@ -87,7 +87,7 @@ void ProbeItem::moveObjectBy(const QPoint& aDelta)
 
 void ProbeItem::selectNodes(const QPoint& aCorner, const QSize& aSize)
 {
-    theNodeRect = QRect(aCorner, aSize);
+    theNodeRect = QRect(aCorner, aCorner + QPoint(aSize.width(), aSize.height()));
 }
 
 void ProbeItem::drawShape(QPainter& aPainter)

@@ -171,7 +171,7 @@ void TestRegionArea::noEditLeavesAGhost()
         view.takePainted();
         const int nodes = f.theItem->nodeCount();
         const auto node = unsigned(random.bounded(nodes + 1));
-        switch (i < 4 ? 0 : random.bounded(7)) {
+        switch (i < 4 ? 0 : random.bounded(16)) {
         case 0: {
             QPoint point = seenPoint();
             f.theItem->enterDrawMode(point, random.bounded(2) == 0);
@@ -197,8 +197,40 @@ void TestRegionArea::noEditLeavesAGhost()
             f.theItem->setClosed(random.bounded(2) == 0);
             f.theItem->setSelected(random.bounded(2) == 0);
             break;
-        default:
+        case 6:
             f.theItem->setDisplayValue(QString::number(random.bounded(100000)));
+            break;
+        case 7:
+            if (nodes > 3)
+                f.theItem->removeNode(node);
+            break;
+        case 8:
+            f.theItem->setNode(node, LmBezierPoint(Q3PointArray(
+                                         QPolygon(QList<QPoint>{seenPoint(), seenPoint(), seenPoint()}))));
+            break;
+        case 9:
+            f.theItem->setNodeRightCtrl(node, seenPoint(), false);
+            break;
+        case 10:
+            f.theItem->makePolygon();
+            break;
+        case 11:
+            f.theItem->selectNodes(seenPoint(), QSize(60, -60));
+            break;
+        case 12:
+            f.theItem->setPoints(randomPoint(random, 5), f.theItem->thePoints, f.theItem->theNodeStates);
+            break;
+        case 13:
+            f.theItem->setNodesShown(random.bounded(2) == 0);
+            break;
+        case 14:
+            if (nodes > 4)
+                f.theItem->replaceNodes(Q3PointArray(QPolygon(f.theItem->thePoints.mid(3))),
+                                        f.theItem->theNodeStates.mid(1));
+            break;
+        default:
+            if (nodes > 4 && f.theItem->getSelectedNodes().size() < nodes - 2)
+                f.theItem->removeSelectedNodes();
         }
         f.theCanvas.update();
         const QImage screen = shown(view);

@@ -93,8 +93,10 @@ void TestRegionCurveHits::curveIsHitOnePixelAway()
     RegionFixture upright;
     upright.add(QPoint(100, 100));
     upright.add(QPoint(100, 200));
-    for (int x = 95; x <= 105; ++x)
+    for (int x = 95; x <= 105; ++x) {
         QCOMPARE(upright.theItem->isPointOnObject(QPoint(x, 150), segment, 4), x >= 99 && x <= 102);
+        QCOMPARE(upright.press(QPoint(x, 150)), x >= 99 && x <= 102);
+    }
 }
 
 void TestRegionCurveHits::toleranceIsASquaresSide()

@@ -79,6 +79,12 @@ void TestRegionDrag::shiftSnapsAHandle()
     QVERIFY(f.move(QPoint(151, 111)));
     QCOMPARE(f.right(0), QPoint(151, 111));
     QCOMPARE(f.left(0), QPoint(80, 100));
+    f.release(QPoint(151, 111));
+    QVERIFY(f.press(QPoint(80, 100), Qt::AltModifier));
+    point = QPoint(60, 104);
+    QVERIFY(f.move(point, Qt::ShiftModifier));
+    QCOMPARE(point, QPoint(60, 100));
+    QCOMPARE(f.left(0), QPoint(60, 100));
 }
 
 void TestRegionDrag::shiftDoesNotSnapAnAnchor()

@@ -1,6 +1,7 @@
 #include "RegionFixture.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 #include <cmath>
 
@@ -56,6 +57,7 @@ private Q_SLOTS:
     void plainOutlineIsThin();
     void selectedAndActiveOutlinesAreThick();
     void closingSegmentIsDrawnOfAClosedOutline();
+    void segmentsMeetWithCapsOfTheirOwn();
     void curveLiesWhereItIsHit();
     void insideStaysUnfilled();
     void outlineKeepsTwoScreenPixelsAtEveryZoom();
@@ -97,6 +99,28 @@ void TestRegionPainting::closingSegmentIsDrawnOfAClosedOutline()
     const QImage picture = painted(*f.theItem);
     QCOMPARE(drawnIn(picture, QRect(90, 200, 20, 1)), 1);
     QCOMPARE(picture.pixelColor(100, 200), kBlue);
+}
+
+void TestRegionPainting::segmentsMeetWithCapsOfTheirOwn()
+{
+    RegionFixture f;
+    f.theItem->setColor(kBlue);
+    f.theItem->setSelected(true); // two pixels wide
+    const QPoint corners[] = {{50, 300}, {150, 120}, {250, 300}};
+    for (const QPoint& corner : corners)
+        f.add(corner);
+    QImage expected(400, 400, QImage::Format_RGB32);
+    expected.fill(kBack);
+    QPainter painter(&expected);
+    painter.setPen(f.theItem->thePen);
+    for (int i = 0; i < 2; ++i) {
+        QPainterPath segment(corners[i]);
+        segment.cubicTo(corners[i], corners[i + 1], corners[i + 1]);
+        painter.drawPath(segment);
+    }
+    painter.end();
+    const QRect aroundTheTip(130, 100, 40, 60);
+    QCOMPARE(painted(*f.theItem).copy(aroundTheTip), expected.copy(aroundTheTip));
 }
 
 void TestRegionPainting::curveLiesWhereItIsHit()
@@ -234,7 +258,8 @@ void TestRegionPainting::extremeRegionsHarmNoPainter()
             for (const double zoom : {0.01, 1.0, 16.0}) {
                 const QTransform view = QTransform::fromScale(zoom, zoom);
                 f.theItem->replaceNodes(Q3PointArray(QPolygon({a, b, a, b, a, b, a, a, a})), {});
-                f.theItem->selectNodes(QPoint(kMin, kMin), QSize(kMax, kMax));
+                for (LmNodeState& state : f.theItem->theNodeStates)
+                    state.selected = true;
                 f.theItem->adjustScale(view);
                 QCOMPARE(painted(*f.theItem, view).size(), QSize(400, 400));
             }

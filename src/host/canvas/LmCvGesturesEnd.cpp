@@ -71,7 +71,7 @@ void LmCvGestures::finishRubberBand(QMouseEvent* aEvent)
     selection.selectIn(band, add);
     // A band around parts of the current item selects its nodes.
     if (selection.items().isEmpty() && theEditor.theCurrentTrack)
-        theEditor.theCurrentTrack->selectNodes(band.topLeft(), band.size());
+        theEditor.theCurrentTrack->selectNodes(band.topLeft(), QSize(band.width() - 1, band.height() - 1));
     theEditor.canvas()->update();
 }
 
