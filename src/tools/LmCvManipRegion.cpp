@@ -91,7 +91,7 @@ void LmCvManipRegion::makePencilButton()
 void LmCvManipRegion::makePencilMenu()
 {
     thePencilMenu = new Q3PopupMenu(thePencilButton);
-    thePencilMenu->setTitle(tr("Pencil tool"));
+    thePencilMenu->setTitle(tr("Pencil options"));
     thePencilMenu->insertItem(tr("Smooth"), kSmoothEntry);
     thePencilMenu->insertItem(tr("Auto Shape"), kAutoShapeEntry);
     thePencilMenu->setItemChecked(kSmoothEntry, false);
@@ -107,6 +107,8 @@ void LmCvManipRegion::slotMenuItemActivated(int aId)
         theSmooth = !theSmooth;
     else if (aId == kAutoShapeEntry)
         theAutoShape = !theAutoShape;
+    if (!thePencilMenu)
+        return;
     thePencilMenu->setItemChecked(kSmoothEntry, theSmooth);
     thePencilMenu->setItemChecked(kAutoShapeEntry, theAutoShape);
     // Only smoothing looks for shapes; the choice is kept for when it is on again.

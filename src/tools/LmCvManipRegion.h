@@ -106,6 +106,8 @@ private:
     void makePencilMenu();
     void setFinished(bool aFinished);
     bool isDrawing() const { return !theFinished && theRegion; }
+    // The press that ends an outline is still to be released when theFinished is set.
+    bool isActing() const { return theRegion && (!theFinished || thePressed); }
     LmCvRegion* currentRegion() const;
     void leaveOutline();
     void forgetItem(const Q3CanvasItem* aItem);
@@ -119,8 +121,11 @@ private:
     bool smoothStroke();
     void reportFit(const Q3PointArray& aStroke, int aShape);
     NamedValues contourValues(const Contour& aContour) const;
+    void showRecord(LmCvRegion& aRegion, const LmParamKeyframeVector& aValues) const;
     void showContour(LmCvRegion& aRegion, const Contour& aContour) const;
     void pin(int aIdx, LmParamKeyframeVector aValues, long long aFrame);
+
+    bool thePressed = false; // between a press and its release
 };
 
 #endif

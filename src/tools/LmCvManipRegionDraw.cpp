@@ -29,7 +29,7 @@ bool isStepAway(const QPoint& aWay)
     constexpr float r = LmCvRegion::kDefNodeRadius;
     const auto dx = qint64(aWay.x());
     const auto dy = qint64(aWay.y());
-    return float(dx * dx + dy * dy) >= r * (r * 4.0F);
+    return float(quint64(dx * dx) + quint64(dy * dy)) >= r * (r * 4.0F);
 }
 
 } // namespace
@@ -46,7 +46,9 @@ void LmCvManipRegion::startRubberLine(bool aStart, const QPoint& aPos)
 {
     if (!theCvEditor)
         return;
-    theCvEditor->setMouseGrabber(aStart ? this : nullptr, aStart);
+    // A line may end while another tool holds the mouse.
+    if (aStart || theCvEditor->mouseGrabber() == this)
+        theCvEditor->setMouseGrabber(aStart ? this : nullptr, aStart);
     delete theRubberLine;
     theRubberLine = nullptr;
     if (aStart) {
@@ -72,31 +74,28 @@ bool LmCvManipRegion::claimsPress(QMouseEvent* aEvent, LmCvObject*)
     return node >= 0 && (node == 0 || node == region->nodeCount() - 1);
 }
 
-/// Ends the outline in the making as the kernel has it: what a press that still lasts has added is dropped.
+/// Ends the outline in the making as the kernel has it: what a press that still lasts has done is dropped.
 void LmCvManipRegion::leaveOutline()
 {
-    if (isDrawing()) {
+    if (isActing()) {
         startRubberLine(false, QPoint());
         theRegion->setNodesShown(true);
-        const LmKernelObjectData* record = recordOf(getObjectIdx(theRegion));
-        if (record && theRegion->isNodesChanged()) {
-            applyGeometry(theRegion, record->getKeyframesAt(theKernelData->theCurrentFrame),
-                          theKernelData->origin());
-            theRegion->theNodesChanged = false;
-        }
+        if (const LmKernelObjectData* record = recordOf(getObjectIdx(theRegion)))
+            showRecord(*theRegion, record->getKeyframesAt(theKernelData->theCurrentFrame));
     }
+    thePressed = false;
     theRegion = nullptr;
     setFinished(true);
 }
 
 bool LmCvManipRegion::abortAction()
 {
-    if (!isDrawing())
+    if (!isActing())
         return false;
     LmCvRegion* region = theRegion;
     leaveOutline();
     // A lone node is no outline. When the tool is left for another one the object stays as it is.
-    if (theCvEditor->theCurrentManipulator == this && region->nodeCount() < 2)
+    if (theCvEditor && theCvEditor->theCurrentManipulator == this && region->nodeCount() < 2)
         removeCvObject(region);
     return true;
 }
@@ -108,6 +107,7 @@ void LmCvManipRegion::mousePressEvent(QMouseEvent* aEvent)
         return;
     }
     theLastPress = aEvent->pos();
+    thePressed = true;
     const QPoint rubberEnd = theRubberLine ? theRubberLine->endPoint() : QPoint();
     startRubberLine(false, QPoint());
     aEvent->accept();
@@ -254,6 +254,7 @@ void LmCvManipRegion::finishStroke()
 
 void LmCvManipRegion::mouseReleaseEvent(QMouseEvent* aEvent)
 {
+    thePressed = false;
     if (thePencilMode && theSmooth && theRegion && smoothStroke()) {
         theRegion->setClosed(true);
         setFinished(true);
@@ -279,6 +280,7 @@ void LmCvManipRegion::mouseLeaveEvent(QEvent*)
     if (!thePencilMode)
         return;
     startRubberLine(false, QPoint());
+    thePressed = false;
     if (!isDrawing())
         return;
     theRegion->setClosed(false);

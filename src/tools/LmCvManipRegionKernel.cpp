@@ -138,6 +138,18 @@ void LmCvManipRegion::applyGeometry(LmCvObject* aItem, const LmParamKeyframeVect
     region->setClosed(aValues[kClosed].getValue().toBool());
 }
 
+/// Brings an outline back to its record. One that shows it already keeps its selected nodes.
+void LmCvManipRegion::showRecord(LmCvRegion& aRegion, const LmParamKeyframeVector& aValues) const
+{
+    LmCvRegion recorded(nullptr, nullptr, QString(), nullptr);
+    applyGeometry(&recorded, aValues, theKernelData->origin());
+    if (aRegion.thePoints == recorded.thePoints && aRegion.theClosed == recorded.theClosed &&
+        SvToBa(aRegion.theNodeStates) == SvToBa(recorded.theNodeStates))
+        return;
+    applyGeometry(&aRegion, aValues, theKernelData->origin());
+    aRegion.theNodesChanged = false;
+}
+
 /// Between keyframes points are blended one by one, which has no meaning for outlines of different node
 /// counts. So a change of the count is held to its frame: the frames beside it keep what they show now as
 /// keyframes of their own.

@@ -3,6 +3,7 @@
 #include "Q3PopupMenu.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QToolButton>
 #include <QtTest>
@@ -86,5 +87,8 @@ void RegionFixture::rightClick(const QPoint& aCanvasPoint)
 {
     const QPoint pos = viewportPos(aCanvasPoint);
     QTest::mousePress(theEditor.viewport(), Qt::RightButton, {}, pos);
+    // The platform asks for a menu at a right press.
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, pos, theEditor.viewport()->mapToGlobal(pos));
+    QApplication::sendEvent(theEditor.viewport(), &menu);
     QTest::mouseRelease(theEditor.viewport(), Qt::RightButton, {}, pos);
 }

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void escapeEndsTheOutlineAndThenTheTool();
     void escapeLeavesNoLoneNode();
     void escapeWithTheButtonDownDropsThatPress();
+    void escapeInTheClosingPressDropsIt();
+    void otherToolInTheClosingPressDropsIt();
     void escapeInAStrokeDropsTheStroke();
     void escapeBetweenStrokesFreesTheMouse();
     void undoOfTheCreationEndsTheOutline();
@@ -74,6 +76,35 @@ void TestRegionInTheMaking::escapeWithTheButtonDownDropsThatPress()
     f.release(QPoint(140, 140));
     QCOMPARE(f.anchors(1).size(), 2);
     QCOMPARE(f.theStack.count(), steps);
+    QVERIFY(f.recordIsItem(1));
+}
+
+void TestRegionInTheMaking::escapeInTheClosingPressDropsIt()
+{
+    RegionFixture& f = *theFixture;
+    f.clickAll({QPoint(20, 20), QPoint(100, 20), QPoint(100, 90)});
+    const int steps = f.theStack.count();
+    f.press(QPoint(20, 20));
+    f.move(QPoint(10, 40));
+    QVERIFY(f.item(1)->theClosed);
+    f.key(Qt::Key_Escape);
+    QVERIFY(!f.item(1)->theClosed);
+    QVERIFY(f.recordIsItem(1));
+    QCOMPARE(f.theEditor.theCurrentManipulator, &f.theTool);
+    f.release(QPoint(10, 40));
+    QCOMPARE(f.theStack.count(), steps);
+    QVERIFY(f.recordIsItem(1));
+}
+
+void TestRegionInTheMaking::otherToolInTheClosingPressDropsIt()
+{
+    RegionFixture& f = *theFixture;
+    f.pickPencil();
+    f.stroke({QPoint(20, 20), QPoint(60, 20), QPoint(60, 60)});
+    f.press(QPoint(20, 20));
+    QVERIFY(f.item(1)->theClosed);
+    f.theEditor.setCurrentManipulator(nullptr);
+    QVERIFY(!f.item(1)->theClosed);
     QVERIFY(f.recordIsItem(1));
 }
 

@@ -29,6 +29,11 @@ private Q_SLOTS:
     void shiftSnapsTheRubberLineAndTheNode();
     void strokesGoOnFromTheLastNode();
     void rightPressCloses();
+    void rightPressSmoothsOnceMore();
+    void pressOnTheFarEndCloses();
+    void altPressStartsOverWithHiddenNodes();
+    void shiftPressWithoutARubberLineGoesToTheOrigin();
+    void endOfTheRubberLineLeavesAnotherToolsGrabAlone();
     void leavingTheViewEndsTheOutline();
     void strokeFromTheFirstNodeGrowsInFront();
     void firstNodeLosesTheHandleOfTheFormerAction();
@@ -85,6 +90,7 @@ void TestRegionPencil::strokeThatNeverMovesSixPixelsLeavesOneNode()
     f.stroke({QPoint(50, 60), QPoint(53, 62), QPoint(48, 58)});
     QCOMPARE(f.anchors(1), QList<QPoint>{QPoint(50, 60)});
     QCOMPARE(f.pos(1), QPoint(90, 90));
+    QCOMPARE(f.theStack.count(), 2); // the release has sent it once more
     QVERIFY(f.recordIsItem(1));
 }
 
@@ -199,6 +205,66 @@ void TestRegionPencil::rightPressCloses()
     QVERIFY(f.recordIsItem(1));
 }
 
+void TestRegionPencil::rightPressSmoothsOnceMore()
+{
+    RegionFixture& f = *theFixture;
+    f.pickPencil(true, false);
+    f.stroke(circle(QPoint(150, 120), 80.0, 300.0));
+    QSignalSpy report(&f.theTool, &LmCvManipulator::signalReport);
+    f.rightClick(QPoint(150, 120));
+    QCOMPARE(report.count(), 1);
+    QVERIFY(f.isClosed(1));
+    QVERIFY(f.recordIsItem(1));
+}
+
+void TestRegionPencil::pressOnTheFarEndCloses()
+{
+    RegionFixture& f = *theFixture;
+    f.stroke({QPoint(20, 20), QPoint(60, 20), QPoint(60, 60)});
+    f.click(QPoint(22, 21));
+    QVERIFY(f.isClosed(1));
+    QCOMPARE(f.anchors(1).size(), 3);
+    QVERIFY(f.theTool.theFinished);
+    QVERIFY(!f.theTool.theRubberLine);
+    QVERIFY(f.recordIsItem(1));
+}
+
+void TestRegionPencil::altPressStartsOverWithHiddenNodes()
+{
+    RegionFixture& f = *theFixture;
+    f.stroke({QPoint(20, 20), QPoint(60, 20), QPoint(60, 60)});
+    f.key(Qt::Key_Escape);
+    f.press(QPoint(150, 150), Qt::AltModifier);
+    QCOMPARE(f.anchors(1), QList<QPoint>{QPoint(150, 150)});
+    QVERIFY(f.recordIsItem(1));
+    f.move(QPoint(170, 150));
+    f.release(QPoint(170, 150));
+    QCOMPARE(f.anchors(1).size(), 2);
+    QCOMPARE(f.recordCount(), 1);
+    QVERIFY(f.recordIsItem(1));
+}
+
+void TestRegionPencil::shiftPressWithoutARubberLineGoesToTheOrigin()
+{
+    RegionFixture& f = *theFixture;
+    f.stroke({QPoint(20, 20), QPoint(60, 20)});
+    f.theTool.startRubberLine(false, QPoint());
+    f.press(QPoint(100, 24), Qt::ShiftModifier);
+    f.release(QPoint(100, 24), Qt::ShiftModifier);
+    QCOMPARE(f.anchors(1).last(), QPoint(0, 0));
+}
+
+void TestRegionPencil::endOfTheRubberLineLeavesAnotherToolsGrabAlone()
+{
+    RegionFixture& f = *theFixture;
+    f.stroke({QPoint(20, 20), QPoint(60, 20), QPoint(20, 21)}); // closed, no line
+    LmCvManipulator other(nullptr);
+    f.theEditor.setMouseGrabber(&other, true);
+    f.theStack.undo(); // a change from elsewhere
+    QCOMPARE(f.theEditor.mouseGrabber(), &other);
+    f.theEditor.setMouseGrabber(nullptr, false);
+}
+
 void TestRegionPencil::leavingTheViewEndsTheOutline()
 {
     RegionFixture& f = *theFixture;
@@ -211,6 +277,11 @@ void TestRegionPencil::leavingTheViewEndsTheOutline()
     QVERIFY(!f.theEditor.mouseGrabber());
     QVERIFY(!f.item(1)->theClosed);
     QCOMPARE(f.theStack.count(), steps);
+    // What the record misses goes out with the next edit.
+    f.item(1)->setClosed(true);
+    f.theTool.slotCanvasObjectChanged(f.item(1));
+    QCOMPARE(f.theStack.count(), steps + 1);
+    QVERIFY(f.recordIsItem(1));
     f.stroke({QPoint(150, 150), QPoint(190, 150)});
     QCOMPARE(f.recordCount(), 2);
 
@@ -252,7 +323,9 @@ void TestRegionPencil::firstNodeLosesTheHandleOfTheFormerAction()
     QCOMPARE(node[LmBezierPoint::kLeftCtrl], QPoint(40, 50));
     QVERIFY(f.item(1)->theNodeStates[0].selected);
     f.release(QPoint(60, 60));
-    f.key(Qt::Key_Escape);
+    f.key(Qt::Key_Escape); // nothing was drawn, so the handle is there again
+    QVERIFY(f.recordIsItem(1));
+    QCOMPARE(f.item(1)->getNode(0)[LmBezierPoint::kRightCtrl], QPoint(80, 70));
     QVERIFY(!f.theTool.theAppend);
     // And at the last one the left handle, since the last action was at the front.
     f.press(QPoint(150, 60));

@@ -87,11 +87,11 @@ void TestRegionPins::nextFrameOfTheSameCountIsLeftAlone()
     QCOMPARE(
         theFixture->record(1)->getKeyframesAt(7)[RegionFixture::kPoints].getValue().value<QPolygon>().size(),
         15);
-    theFixture->record(1)->storeValue(RegionFixture::kPoints, 6,
-                                      theFixture->record(1)->storedValue(RegionFixture::kPoints, 6));
     theFixture->theKernel.showFrame(5, false);
     QCOMPARE(theFixture->item(1)->nodeCount(), 4);
-    addNode(5); // five nodes, as frame 6 has them
+    const int before = theFixture->theStack.count();
+    addNode(5);                                         // five nodes, as frame 6 has them
+    QCOMPARE(theFixture->theStack.count(), before + 2); // one kept frame and the change
     QCOMPARE(keptPoints(5), 15);
     QCOMPARE(keptPoints(4), 12);
     const qsizetype steps = theFixture->theStack.count();
