@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QSaveFile>
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -20,7 +21,8 @@ QString tr(const char* aText)
     return QCoreApplication::translate("PictureRenderer", aText);
 }
 
-/// Shows all items as they are at zoom 1, none of them selected or current; gives them back as they were.
+/// Shows all objects as they are at zoom 1, none of them selected or current, and hides the lines that only
+/// help with drawing or calibrating; gives all of them back as they were.
 class PlainItems
 {
 public:
@@ -36,10 +38,17 @@ public:
                 item->setActive(false);
             item->adjustScale(QTransform());
         }
+        for (Q3CanvasItem* item : aEditor.canvas()->allItems())
+            if (item->isVisible() && !dynamic_cast<LmCvObject*>(item))
+                theHelpers.append(item);
+        for (Q3CanvasItem* item : std::as_const(theHelpers))
+            item->hide();
     }
 
     ~PlainItems()
     {
+        for (Q3CanvasItem* item : std::as_const(theHelpers))
+            item->show();
         for (const State& state : theItems) {
             if (state.theSelected)
                 state.theItem->setSelected(true);
@@ -60,6 +69,7 @@ private:
 
     LmCvEditor& theEditor;
     std::vector<State> theItems;
+    QList<Q3CanvasItem*> theHelpers; // owned by their tools
 };
 
 QByteArray formatOf(const QString& aPath)
