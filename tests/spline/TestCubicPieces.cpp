@@ -6,7 +6,12 @@
 
 #include <QRandomGenerator>
 
+#include <csignal>
 #include <limits>
+
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -47,6 +52,7 @@ private Q_SLOTS:
     void pointOfACurveOfEachDegree();
     void squaredLength();
     void laterNansAndRepeatedSamplesAreDropped();
+    void nanInTheFirstSampleNeverReturns();
     void parametersFollowTheLengthOfChords();
     void parametersWithoutLengthStayZero();
     void parametersOfEndlessLengthAreEven();
@@ -90,9 +96,28 @@ void TestCubicPieces::squaredLength()
     QCOMPARE(theMaths.lensq({}), 0.0);
 }
 
+// Callers hand in whole coordinates; who doesn't is to see it at once.
+void TestCubicPieces::nanInTheFirstSampleNeverReturns()
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        std::signal(SIGALRM, SIG_DFL);
+        const itimerval fifthOfASecond{{0, 0}, {0, 200000}};
+        setitimer(ITIMER_REAL, &fifthOfASecond, nullptr);
+        const Point2D source[] = {{1, kNan}, {2, 2}};
+        Point2D target[2];
+        theMaths.copyWithoutNansOrAdjacentDuplicates(source, 2, target);
+        _exit(0);
+    }
+    QVERIFY(child > 0);
+    int status = 0;
+    QCOMPARE(waitpid(child, &status, 0), child);
+    QVERIFY(WIFSIGNALED(status));
+    QCOMPARE(WTERMSIG(status), SIGALRM);
+}
+
 void TestCubicPieces::laterNansAndRepeatedSamplesAreDropped()
 {
-    // A NaN in the first sample never returns, so there is no test of it.
     const Point2D source[] = {{1, 1},    {1, 1}, {kNan, 2}, {1, 1},   {2, kNan}, {2, 2},
                               {2, kNan}, {2, 2}, {1, 1},    {0.0, 3}, {-0.0, 3}};
     const unsigned length = std::size(source);
