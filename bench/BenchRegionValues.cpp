@@ -4,28 +4,9 @@
 #include "LmImage.h"
 #include "RegionMeasures.h"
 
-#include <QPolygon>
 #include <QRandomGenerator>
 
-#include <cmath>
-
 namespace {
-
-/// A wavy closed outline of bent segments in a box of about that extent.
-QPolygon wavyOutline(int aNodes, double aWidth, double aHeight)
-{
-    QPolygon points;
-    for (int i = 0; i < aNodes; ++i) {
-        const double angle = 2.0 * M_PI * i / aNodes;
-        const double part = 0.45 + 0.05 * std::sin(7.0 * angle);
-        const QPoint anchor(qRound(part * aWidth * std::cos(angle)),
-                            qRound(part * aHeight * std::sin(angle)));
-        const QPoint toNext(qRound(-part * aWidth * 2.0 / aNodes * std::sin(angle)),
-                            qRound(part * aHeight * 2.0 / aNodes * std::cos(angle)));
-        points << anchor - toNext << anchor << anchor + toNext;
-    }
-    return points;
-}
 
 void outlineValues(benchmark::State& aState)
 {

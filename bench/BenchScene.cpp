@@ -14,7 +14,8 @@
 #include <QApplication>
 #include <QFont>
 #include <QImage>
-#include <QPolygon>
+
+#include <cmath>
 
 namespace {
 
@@ -71,6 +72,11 @@ QPoint BenchScene::randomPoint(int aWidth, int aHeight)
     return QPoint(x, next(aHeight));
 }
 
+QSize BenchScene::pictureSize() const
+{
+    return kPicture;
+}
+
 LmKernelObjectData* BenchScene::newRecord(bool aAnimated)
 {
     const LmKernelObjectDataDescr* descr = LmKSKernelData::getInstance()->getDataDescriptor(kDistance);
@@ -98,9 +104,9 @@ void BenchScene::create(int aCount, bool aAnimated)
     stack.endMacro();
 }
 
-void BenchScene::showAllLabels()
+void BenchScene::showAllLabels(int aType)
 {
-    LmCvManipulator* tool = LmKSKernelData::getInstance()->getCvManipulator(kDistance);
+    LmCvManipulator* tool = LmKSKernelData::getInstance()->getCvManipulator(aType);
     for (LmCvObject* item : qAsConst(tool->theCvObjects))
         tool->updateDisplayValue(item, LmCvManipulator::theLastUsedValueName, true, false);
     theWorkbench.editor().canvas()->update();
@@ -116,6 +122,21 @@ void BenchScene::paintPending()
 LmCvObject* BenchScene::item(int aIdx)
 {
     return LmKSKernelData::getInstance()->getCvManipulator(kDistance)->getCvObject(aIdx);
+}
+
+QPolygon wavyOutline(int aNodes, double aWidth, double aHeight)
+{
+    QPolygon points;
+    for (int i = 0; i < aNodes; ++i) {
+        const double angle = 2.0 * M_PI * i / aNodes;
+        const double part = 0.45 + 0.05 * std::sin(7.0 * angle);
+        const QPoint anchor(qRound(part * aWidth * std::cos(angle)),
+                            qRound(part * aHeight * std::sin(angle)));
+        const QPoint toNext(qRound(-part * aWidth * 2.0 / aNodes * std::sin(angle)),
+                            qRound(part * aHeight * 2.0 / aNodes * std::cos(angle)));
+        points << anchor - toNext << anchor << anchor + toNext;
+    }
+    return points;
 }
 
 void benchSizes(benchmark::internal::Benchmark* aBenchmark)

@@ -3,6 +3,7 @@
 
 #include "Workbench.h"
 
+#include <QPolygon>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -25,7 +26,7 @@ public:
     LmKernelObjectData* newRecord(bool aAnimated = false);
     /// Pushes the creation of aCount objects as one macro.
     void create(int aCount, bool aAnimated = false);
-    void showAllLabels();
+    void showAllLabels(int aType = kDistance);
     /// Paints what is marked now, without waiting for the event loop.
     void paintPending();
     LmCvObject* item(int aIdx);
@@ -33,13 +34,19 @@ public:
 
     Workbench theWorkbench;
 
-private:
+protected:
     QPoint randomPoint(int aWidth, int aHeight);
+    QSize pictureSize() const;
 
+    int theNextIdx = 1;
+
+private:
     QTemporaryDir theFolder;
     quint32 theSeed = 20240521;
-    int theNextIdx = 1;
 };
+
+/// The points of a wavy closed outline of bent segments in a box of about that extent around (0, 0).
+QPolygon wavyOutline(int aNodes, double aWidth, double aHeight);
 
 /// The sizes that every benchmark runs at.
 void benchSizes(benchmark::internal::Benchmark* aBenchmark);
