@@ -25,8 +25,13 @@ Workbench::~Workbench()
     LmKSKernelData* kernel = LmKSKernelData::getInstance();
     const QSignalBlocker quietKernel(kernel);
     const QSignalBlocker quietStack(theUndoStack);
-    if (theEditor)
+    for (LmCvManipulator* tool : std::as_const(theTools))
+        tool->blockSignals(true);
+    if (theEditor) {
         theEditor->blockSignals(true);
+        // A running action ends while all that it holds is still there.
+        theEditor->setCurrentManipulator(nullptr);
+    }
     theUndoStack.clear();
     theDocument.reset();
     theMedia.reset();
