@@ -83,6 +83,8 @@ public:
 public Q_SLOTS:
     void slotObjectCreatedInKernel(int aType, int aIdx, const LmKernelObjectData* aData) override;
     void slotObjectChangedInKernel(int aType, int aIdx, const LmKernelObjectData* aData) override;
+    /// Stands in for the slot of the base.
+    void slotObjectShowInKernel(const int aType, const int aIdx, bool aShown);
     void slotToolButtonToggled(bool aToggled);
     void slotToolButtonPToggled(bool aToggled);
     void slotMenuItemActivated(int aId);

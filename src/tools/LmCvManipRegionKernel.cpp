@@ -194,6 +194,14 @@ void LmCvManipRegion::slotObjectChangedInKernel(int aType, int aIdx, const LmKer
         startRubberLine(false, QPoint());
 }
 
+void LmCvManipRegion::slotObjectShowInKernel(const int aType, const int aIdx, bool aShown)
+{
+    // Nobody goes on with an outline that can't be seen.
+    if (!aShown && aType == theObjectType && theRegion && theCvObjects.value(aIdx) == theRegion)
+        leaveOutline();
+    LmCvObjectTool::slotObjectShowInKernel(aType, aIdx, aShown);
+}
+
 LmCvObjectTool::NamedValues LmCvManipRegion::contourValues(const Contour& aContour) const
 {
     return {{QStringLiteral("pts"), QVariant::fromValue<QPolygon>(aContour.thePoints)},

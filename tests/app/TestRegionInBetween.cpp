@@ -8,6 +8,8 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
@@ -30,6 +32,7 @@ private Q_SLOTS:
     void deleteOfEverythingEndsTheOutline();
     void colourIsTakenByTheOutline_data() { addTools(); }
     void colourIsTakenByTheOutline();
+    void outlineThatIsHiddenIsNotGoneOnWith();
     void exportedPictureShowsNoRubberLine();
     void pointerThatLeavesEndsThePencilsOutlineAlone_data() { addTools(); }
     void pointerThatLeavesEndsThePencilsOutlineAlone();
@@ -139,6 +142,25 @@ void TestRegionInBetween::colourIsTakenByTheOutline()
     theWindow->regionTool()->setColorCvObject(theWindow->item(1), chosen);
     goOnAndEnd();
     QCOMPARE(theWindow->regionValue(1, QStringLiteral("col")).value<QColor>(), chosen);
+}
+
+void TestRegionInBetween::outlineThatIsHiddenIsNotGoneOnWith()
+{
+    RegionWindow& f = *theWindow;
+    f.pickPen();
+    f.clickAll(kBegun);
+    // By the menu key, since the right button is the pen's.
+    QWidget* viewport = f.editor().viewport();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(10, 10),
+                            viewport->mapToGlobal(QPoint(10, 10)));
+    QApplication::sendEvent(viewport, &event);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QVERIFY(f.choose(*menu, QStringLiteral("Hide")));
+    f.click(kNext);
+    QCOMPARE(f.anchors(1), kBegun);
+    QCOMPARE(f.regionCount(), 2); // a new one, that can be seen
+    QVERIFY(f.item(2)->isVisible());
 }
 
 void TestRegionInBetween::exportedPictureShowsNoRubberLine()
