@@ -1,5 +1,6 @@
 #include "LmCvDistance.h"
 
+#include "ArrowHead.h"
 #include "CanvasEvent.h"
 #include "PointMath.h"
 #include "SegmentGeometry.h"
@@ -19,8 +20,7 @@ constexpr int kLabelRaise = 2;      // pixels between line and label after a cha
 
 LmCvDistance::LmCvDistance(LmCvManipulator* aTool, Q3Canvas* aCanvas, const QString& aLabel,
                            Q3CanvasView* aView)
-    : LmCvObject(aTool, aCanvas, aLabel, aView), theFont(QStringLiteral("Lucida Grande"), kDefaultFntSize),
-      theSelSize(kDefaultSelSize)
+    : LmCvLineObject(aTool, aCanvas, aLabel, aView)
 {
     LmCvDistance::updateLabel();
 }
@@ -67,10 +67,7 @@ void LmCvDistance::updateLabel()
 void LmCvDistance::adjustScale(const QMatrix& aMatrix)
 {
     invalidate();
-    const ScaledSizes sizes = scaleTo(aMatrix);
-    theFont.setPointSizeF(sizes.theFontSize);
-    theSelSize = sizes.theSelSize;
-    theArrowLength = sizes.theArrowLength;
+    theArrowLength = takeScale(aMatrix).theArrowLength;
     update();
     setPoints(theStart, theEnd);
     updateLabel();
@@ -88,7 +85,7 @@ void LmCvDistance::drawShape(QPainter& aPainter)
     const QLine line(theStart, theEnd);
     aPainter.drawLines(&line, 1);
     drawHeads(aPainter);
-    drawLabel(aPainter);
+    label().draw(aPainter, PointMath::middle(theStart, theEnd), TurnedLabel::angleOf(theStart, theEnd));
     aPainter.restore();
 }
 
@@ -98,16 +95,9 @@ void LmCvDistance::drawHeads(QPainter& aPainter) const
     head.theWing1 = theWing1;
     head.theWing2 = theWing2;
     aPainter.setPen(theThinPen);
-    aPainter.setBrush(theActive ? QBrush(linePen().color()) : QBrush(Qt::white));
+    aPainter.setBrush(headBrush());
     head.draw(aPainter, theStart);
     head.turnedRound().draw(aPainter, theEnd);
-}
-
-void LmCvDistance::drawLabel(QPainter& aPainter) const
-{
-    const TurnedLabel label{theLabelRect, labelText(), theFont, theThinPen, QBrush(linePen().color()),
-                            theTextPen};
-    label.draw(aPainter, PointMath::middle(theStart, theEnd), TurnedLabel::angleOf(theStart, theEnd));
 }
 
 // How far the area's ends are moved inward along the line; a negative way reaches beyond the ends.
@@ -153,11 +143,6 @@ Q3PointArray LmCvDistance::areaPoints() const
     return corners;
 }
 
-bool LmCvDistance::linesIntersect(QPoint a, QPoint b, QPoint c, QPoint d, QPoint& aOut)
-{
-    return SegmentGeometry::intersect(a, b, c, d, aOut);
-}
-
 bool LmCvDistance::isPointOnObject(const QPoint& aPoint, int& aNode, int aTol)
 {
     aNode = 0;
@@ -182,13 +167,6 @@ bool LmCvDistance::isPointOnArrow(const QPoint& aPoint, QPoint& aEnd, int aTol) 
 bool LmCvDistance::isRectContainsObject(const QRect& aRect)
 {
     return aRect.contains(theStart) && aRect.contains(theEnd);
-}
-
-void LmCvDistance::startEdit(QMouseEvent* aEvent)
-{
-    theNodesChanged = false;
-    theEditDone = false;
-    aEvent->accept();
 }
 
 void LmCvDistance::mousePressEvent(QMouseEvent* aEvent, QPoint& aPoint)
@@ -235,10 +213,8 @@ void LmCvDistance::mouseMoveEvent(QMouseEvent* aEvent, QPoint& aPoint)
 
 void LmCvDistance::mouseReleaseEvent(QMouseEvent* aEvent, QPoint&)
 {
-    if (theMoving || theDragging) {
-        theEditDone = true;
-        aEvent->accept();
-    }
+    if (theMoving || theDragging)
+        finishEdit(aEvent);
 }
 
 void LmCvDistance::moveObjectBy(const QPoint& aDelta)

@@ -1,14 +1,12 @@
 #ifndef LMCVDISTANCE_H
 #define LMCVDISTANCE_H
 
-#include "ArrowHead.h"
-#include "LmCvObject.h"
-
-#include <QFont>
+#include "LmCvLineObject.h"
 
 /// A measured distance on the canvas: a line with an arrow head at each end and a label along it. The user
-/// drags either end or the whole line. All points are canvas coordinates.
-class LmCvDistance : public LmCvObject
+/// drags either end or the whole line. theDragPoint is the last mouse point while the line moves, and the end
+/// that stands still while the other one moves.
+class LmCvDistance : public LmCvLineObject
 {
 public:
     static constexpr int kRtti = 1102;
@@ -22,8 +20,6 @@ public:
     /// diagonal of the hit square, at the end the second flank with both: beside the end's first flank the
     /// line is what is hit.
     bool isPointOnArrow(const QPoint& aPoint, QPoint& aEnd, int aTol) const;
-    /// SegmentGeometry::intersect.
-    static bool linesIntersect(QPoint a, QPoint b, QPoint c, QPoint d, QPoint& aOut);
 
     int rtti() const override { return kRtti; }
     Q3PointArray areaPoints() const override;
@@ -35,33 +31,22 @@ public:
     void mouseReleaseEvent(QMouseEvent* aEvent, QPoint& aPoint) override;
     void mouseMoveEvent(QMouseEvent* aEvent, QPoint& aPoint) override;
     void moveObjectBy(const QPoint& aDelta) override;
-    bool isNodesChanged() override { return theNodesChanged; }
     void updateLabel() override;
 
     QPoint theStart;
     QPoint theEnd;
-    QPoint theDragPoint; // the last mouse point while the line moves; the end that stands still while the
-                         // other moves
     bool theMoving = false;
-    bool theDragging = false;
-    bool theNodesChanged = false;
     double theArrowLength = 10.0;
-    QFont theFont;
-    QRect theLabelRect; // before it is turned
-    QPoint theWing1;    // from theStart; theEnd has the opposite
+    QPoint theWing1; // from theStart; theEnd has the opposite
     QPoint theWing2;
     QPoint theNormal; // across the line, twice the arrow length
     QPoint theBack;   // against the line, once the arrow length
     double theLength = 0.0;
-    bool theEditDone = false;
-    int theSelSize;
 
 private:
     bool hasOutwardHeads() const;
     QPoint endShift() const;
     void drawHeads(QPainter& aPainter) const;
-    void drawLabel(QPainter& aPainter) const;
-    void startEdit(QMouseEvent* aEvent);
 };
 
 #endif

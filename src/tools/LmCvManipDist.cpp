@@ -93,11 +93,6 @@ void LmCvManipDist::applyGeometry(LmCvObject* aItem, const LmParamKeyframeVector
                                                  PointMath::sum(middle, toEnd));
 }
 
-LmCvDistance* LmCvManipDist::ownItem(const LmCvObject* aObject) const
-{
-    return static_cast<LmCvDistance*>(theCvObjects.value(getObjectIdx(aObject)));
-}
-
 void LmCvManipDist::mousePressEvent(QMouseEvent* aEvent)
 {
     if (!canDraw()) {
@@ -135,14 +130,15 @@ void LmCvManipDist::mouseReleaseEvent(QMouseEvent* aEvent)
     aEvent->accept();
 }
 
+void LmCvManipDist::forgetItem(const Q3CanvasItem* aItem)
+{
+    if (aItem == theCurrent)
+        theCurrent = nullptr;
+}
+
 bool LmCvManipDist::abortAction()
 {
-    if (!theCurrent)
-        return false;
-    delete theCurrent;
-    theCurrent = nullptr;
-    theCvEditor->canvas()->update();
-    return true;
+    return discard(theCurrent);
 }
 
 bool LmCvManipDist::isAngleName(const QString& aName) const
@@ -182,13 +178,6 @@ QVariant LmCvManipDist::getValue(const QString& aName, const LmCvObject* aObject
 QLinkedList<QVariant> LmCvManipDist::getValues(const QStringList& aNames, const LmKernelObjectData* aData,
                                                QStringList& aUnits)
 {
-    aUnits.clear();
-    QLinkedList<QVariant> values;
-    if (isNothingAsked(aNames)) {
-        values.append(QVariant());
-        aUnits.append(QString());
-        return values;
-    }
     QString unit;
     const double step = theKernelData->currentStep(unit);
     const LmParamKeyframeVector keyframes = aData->getKeyframesAt(theKernelData->theCurrentFrame);
@@ -196,10 +185,8 @@ QLinkedList<QVariant> LmCvManipDist::getValues(const QStringList& aNames, const 
     const QPoint ep = keyframes[kEp].getValue().toPoint();
     const QPoint extent =
         PointMath::difference(PointMath::sum(pos, ep), PointMath::difference(pos, ep)); // end less start
-    for (const QString& name : aNames) {
-        const QVariant value = measured(name, extent, step);
-        values.append(value);
-        aUnits.append(!value.isValid() ? QString() : isAngleName(name) ? QString(QChar(176)) : unit);
-    }
-    return values;
+    return valuesOf(aNames, aUnits, [&](const QString& aName, QString& aUnit) {
+        aUnit = isAngleName(aName) ? QString(QChar(176)) : unit;
+        return measured(aName, extent, step);
+    });
 }

@@ -48,14 +48,13 @@ protected:
                            const LmKernelObjectData* aFormer) const override;
     void applyGeometry(LmCvObject* aItem, const LmParamKeyframeVector& aValues,
                        const QPoint& aOrigin) const override;
+    void forgetItem(const Q3CanvasItem* aItem) override;
 
 private:
     enum Param { kPos = kFirstOwnParam, kEp };
 
-    LmCvDistance* ownItem(const LmCvObject* aObject) const;
     QVariant measured(const QString& aName, const QPoint& aExtent, double aStep) const;
     bool isAngleName(const QString& aName) const;
-    void pastePath(int aIdx, const QList<QPair<int, QLinkedList<LmParamKeyframe>>>& aPaths);
 };
 
 #endif

@@ -1,12 +1,12 @@
 #include "LmCvManipDist.h"
 
-#include "CmdSetAnimation.h"
-#include "CmdSwitchAnimation.h"
+#include "KeyframePath.h"
 #include "LmCvDistance.h"
 #include "LmKernelObjectData.h"
 #include "PointMath.h"
 
-#include <QUndoStack>
+using KeyframePath::Path;
+using KeyframePath::pointAt;
 
 namespace {
 
@@ -14,18 +14,13 @@ namespace {
 constexpr int kArrowTolerance = 8;
 constexpr int kLineTolerance = 4;
 
-QPoint pointAt(const LmKernelObjectData& aRecord, int aParam, long long aFrame)
-{
-    return aRecord.getKeyframe(uint(aParam), aFrame).getValue().toPoint();
-}
-
 } // namespace
 
 void LmCvManipDist::copyAnimKeyframes(const LmCvObject* aObject, const QPoint& aPoint)
 {
     if (!aObject || aObject->rtti() != theObjectType)
         return;
-    LmCvDistance* item = ownItem(aObject);
+    auto* item = static_cast<LmCvDistance*>(ownItem(aObject));
     LmKernelObjectData* record = recordOf(getObjectIdx(aObject));
     if (!item || !record)
         return;
@@ -35,21 +30,16 @@ void LmCvManipDist::copyAnimKeyframes(const LmCvObject* aObject, const QPoint& a
         int node = 0;
         if (!item->isPointOnObject(aPoint, node, kLineTolerance))
             return;
-        theClipboardKeyframes.clear();
-        for (const LmParamKeyframe& keyframe : qAsConst(record->getAnimationKeyframes(kPos)))
-            if (keyframe.hasValue())
-                theClipboardKeyframes.append(keyframe);
+        theClipboardKeyframes = KeyframePath::valued(record->getAnimationKeyframes(kPos));
         return;
     }
 
     const bool atStart = end == item->theStart;
-    const QLinkedList<LmParamKeyframe>& toEnd = record->getAnimationKeyframes(kEp);
+    const Path& toEnd = record->getAnimationKeyframes(kEp);
     theClipboardKeyframes.clear();
     if (toEnd.size() < 2)
         return;
-    for (const LmParamKeyframe& keyframe : toEnd) {
-        if (!keyframe.hasValue())
-            continue;
+    for (const LmParamKeyframe& keyframe : KeyframePath::valued(toEnd)) {
         const long long frame = keyframe.getFrame();
         const QPoint pos = pointAt(*record, kPos, frame);
         const QPoint ep = keyframe.getValue().toPoint();
@@ -63,7 +53,7 @@ void LmCvManipDist::pasteAnimKeyframes(const LmCvObject* aObject, const QPoint& 
     if (!aObject || aObject->rtti() != theObjectType)
         return;
     const int index = getObjectIdx(aObject);
-    LmCvDistance* item = ownItem(aObject);
+    auto* item = static_cast<LmCvDistance*>(ownItem(aObject));
     const LmKernelObjectData* record = index < 0 ? nullptr : recordOf(index);
     if (!item || !record)
         return;
@@ -72,13 +62,13 @@ void LmCvManipDist::pasteAnimKeyframes(const LmCvObject* aObject, const QPoint& 
     if (!item->isPointOnArrow(aPoint, end, kArrowTolerance)) {
         int node = 0;
         if (item->isPointOnObject(aPoint, node, kLineTolerance))
-            pastePath(index, {{kPos, theClipboardKeyframes}});
+            KeyframePath::paste(theUndoStack, theObjectType, index, {{kPos, theClipboardKeyframes}});
         return;
     }
 
     const bool atStart = end == item->theStart;
-    QLinkedList<LmParamKeyframe> posPath;
-    QLinkedList<LmParamKeyframe> epPath;
+    Path posPath;
+    Path epPath;
     for (const LmParamKeyframe& keyframe : qAsConst(theClipboardKeyframes)) {
         const long long frame = keyframe.getFrame();
         const QPoint moved = keyframe.getValue().toPoint();
@@ -89,21 +79,5 @@ void LmCvManipDist::pasteAnimKeyframes(const LmCvObject* aObject, const QPoint& 
         posPath.append(LmParamKeyframe(frame, newPos));
         epPath.append(LmParamKeyframe(frame, PointMath::difference(atStart ? still : moved, newPos)));
     }
-    pastePath(index, {{kPos, posPath}, {kEp, epPath}});
-}
-
-// One undo step, also for an empty path. The canvas follows through the kernel's signals: theSelfChange stays
-// clear.
-void LmCvManipDist::pastePath(int aIdx, const QList<QPair<int, QLinkedList<LmParamKeyframe>>>& aPaths)
-{
-    if (!theUndoStack)
-        return;
-    theUndoStack->beginMacro(tr("Setting animation"));
-    for (const auto& [param, path] : aPaths) {
-        QLinkedList<LmParamKeyframe> keyframes = path;
-        theUndoStack->push(new CmdSetAnimation(theObjectType, aIdx, param, keyframes));
-    }
-    if (!recordOf(aIdx)->theAnimated)
-        theUndoStack->push(new CmdSwitchAnimation(theObjectType, aIdx, true));
-    theUndoStack->endMacro();
+    KeyframePath::paste(theUndoStack, theObjectType, index, {{kPos, posPath}, {kEp, epPath}});
 }

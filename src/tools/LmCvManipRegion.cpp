@@ -203,14 +203,6 @@ LmCvObject* LmCvManipRegion::newItem(const QString& aLabel)
     return new LmCvRegion(this, theCvEditor->canvas(), aLabel, theCvEditor);
 }
 
-void LmCvManipRegion::setCvEditor(LmCvEditor* aEditor)
-{
-    LmCvObjectTool::setCvEditor(aEditor);
-    if (aEditor)
-        connect(aEditor->canvas(), &Q3Canvas::itemRemoved, this, &LmCvManipRegion::forgetItem);
-}
-
-/// The item's own class has gone already, so it is only compared.
 void LmCvManipRegion::forgetItem(const Q3CanvasItem* aItem)
 {
     if (aItem == theRubberLine)

@@ -6,7 +6,6 @@
 #include "Q3ValueVector.h"
 
 class LmCvRegion;
-class Q3CanvasItem;
 class Q3CanvasLine;
 class Q3PointArray;
 class Q3PopupMenu;
@@ -39,7 +38,6 @@ public:
     QLinkedList<LmParamKeyframe> getAnimation(const QString& aName, int aIdx, QString& aUnit) override;
     QString getObjectName(int aIdx) override;
     QString getObjectName(const LmCvObject* aObject) override;
-    void setCvEditor(LmCvEditor* aEditor) override;
     /// Brings the tool back with the button of its mode.
     void makeCurrent() override;
     void mouseLeaveEvent(QEvent* aEvent) override;
@@ -99,6 +97,7 @@ protected:
                            const LmKernelObjectData* aFormer) const override;
     void applyGeometry(LmCvObject* aItem, const LmParamKeyframeVector& aValues,
                        const QPoint& aOrigin) const override;
+    void forgetItem(const Q3CanvasItem* aItem) override;
     void beforeChange(const LmCvObject* aItem, int aIdx, const LmKernelObjectData& aRecord) override;
 
 private:
@@ -112,7 +111,6 @@ private:
     bool isActing() const { return theRegion && (!theFinished || thePressed); }
     LmCvRegion* currentRegion() const;
     void leaveOutline();
-    void forgetItem(const Q3CanvasItem* aItem);
     void continueOutline(const QMouseEvent& aEvent, QPoint aRubberEnd);
     bool resumeOutline(const QMouseEvent& aEvent);
     void collapseGrowingHandle(int aNode);

@@ -61,27 +61,15 @@ double distanceBetween(const QPoint& aFrom, const QPoint& aTo)
 QLinkedList<QVariant> LmCvManipRegion::getValues(const QStringList& aNames, const LmKernelObjectData* aData,
                                                  QStringList& aUnits)
 {
-    aUnits.clear();
-    QLinkedList<QVariant> values;
-    if (isNothingAsked(aNames)) {
-        values.append(QVariant());
-        aUnits.append(QString());
-        return values;
-    }
     QString unit;
     const double step = theKernelData->currentStep(unit);
     const LmParamKeyframeVector keyframes = aData->getKeyframesAt(theKernelData->theCurrentFrame);
     const RegionMeasures measures = measuresOf(keyframes[kClosed], keyframes[kPoints], keyframes[kPos]);
-    for (const QString& name : aNames) {
-        const QVariant ofOutline = outlineValue(name, measures, step);
-        const QVariant ofImage =
-            ofOutline.isValid() ? QVariant() : imageValue(name, measures, theKernelData->theCurrentImage);
-        values.append(ofOutline.isValid() ? ofOutline : ofImage);
-        aUnits.append(ofOutline.isValid() ? outlineUnit(name, unit)
-                      : ofImage.isValid() ? QStringLiteral("%")
-                                          : QString());
-    }
-    return values;
+    return valuesOf(aNames, aUnits, [&](const QString& aName, QString& aUnit) {
+        const QVariant ofOutline = outlineValue(aName, measures, step);
+        aUnit = ofOutline.isValid() ? outlineUnit(aName, unit) : QStringLiteral("%");
+        return ofOutline.isValid() ? ofOutline : imageValue(aName, measures, theKernelData->theCurrentImage);
+    });
 }
 
 QStringList LmCvManipRegion::getAnimatedValueNames()

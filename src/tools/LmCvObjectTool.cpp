@@ -103,10 +103,14 @@ LmKernelObjectDataDescr* LmCvObjectTool::createDescriptor() const
 void LmCvObjectTool::setCvEditor(LmCvEditor* aEditor)
 {
     LmCvManipulator::setCvEditor(aEditor);
-    if (aEditor)
-        connect(aEditor, SIGNAL(signalCanvasObjectChanged(LmCvObject*)), this,
-                SLOT(slotCanvasObjectChanged(LmCvObject*)));
+    if (!aEditor)
+        return;
+    connect(aEditor, SIGNAL(signalCanvasObjectChanged(LmCvObject*)), this,
+            SLOT(slotCanvasObjectChanged(LmCvObject*)));
+    connect(aEditor->canvas(), &Q3Canvas::itemRemoved, this, &LmCvObjectTool::forgetItem);
 }
+
+void LmCvObjectTool::forgetItem(const Q3CanvasItem*) {}
 
 bool LmCvObjectTool::canDraw() const
 {
@@ -128,9 +132,24 @@ QVariant LmCvObjectTool::sharedValue(const LmParamKeyframeVector& aValues, Commo
     return aValues[aParam].getValue();
 }
 
-bool LmCvObjectTool::isNothingAsked(const QStringList& aNames)
+LmCvObject* LmCvObjectTool::ownItem(const LmCvObject* aObject) const
 {
-    return aNames.isEmpty() || (aNames.size() == 1 && aNames.first().isEmpty());
+    return theCvObjects.value(getObjectIdx(aObject));
+}
+
+QLinkedList<QVariant> LmCvObjectTool::valuesOf(const QStringList& aNames, QStringList& aUnits,
+                                               const Measure& aMeasure)
+{
+    aUnits.clear();
+    QLinkedList<QVariant> values;
+    const bool isNothingAsked = aNames.isEmpty() || aNames == QStringList(QString());
+    for (const QString& name : isNothingAsked ? QStringList(QString()) : aNames) {
+        QString unit;
+        const QVariant value = isNothingAsked ? QVariant() : aMeasure(name, unit);
+        values.append(value);
+        aUnits.append(value.isValid() ? unit : QString());
+    }
+    return values;
 }
 
 void LmCvObjectTool::presentNewItem(LmCvObject* aItem)
@@ -139,6 +158,16 @@ void LmCvObjectTool::presentNewItem(LmCvObject* aItem)
     prepareItem(aItem);
     makeItemCurrent(aItem);
     aItem->show();
+}
+
+bool LmCvObjectTool::remove(LmCvObject* aItem)
+{
+    if (!aItem)
+        return false;
+    delete aItem;
+    if (theCvEditor)
+        theCvEditor->canvas()->update();
+    return true;
 }
 
 void LmCvObjectTool::beforeChange(const LmCvObject*, int, const LmKernelObjectData&) {}

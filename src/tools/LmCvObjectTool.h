@@ -6,7 +6,11 @@
 
 #include <QPair>
 
+#include <functional>
+#include <utility>
+
 class LmKernelObjectDataDescr;
+class Q3CanvasItem;
 
 /// The life of one measured object between mouse, kernel and canvas, the same for all tools that draw
 /// objects: how it starts, reaches the kernel, comes back after undo, follows frames and resolution, and is
@@ -75,6 +79,15 @@ protected:
     bool canDraw() const;
     /// Gives a new item its colour and calibration, makes it current and shows it.
     void presentNewItem(LmCvObject* aItem);
+    /// Deletes an item that isn't stored yet and clears the pointer; false if there was none.
+    template <typename Item>
+    bool discard(Item*& aItem)
+    {
+        return remove(std::exchange(aItem, nullptr));
+    }
+    /// Called when an item has left the canvas, whatever the reason; its own class has gone already. Does
+    /// nothing by default.
+    virtual void forgetItem(const Q3CanvasItem* aItem);
     /// Takes a drawn item into theCvObjects under the next index and pushes the creation of its record.
     void storeNewItem(LmCvObject* aItem, const QString& aShownValue);
 
@@ -86,10 +99,16 @@ protected:
     LmParamKeyframeVector vectorOf(const NamedValues& aValues) const;
     LmKernelObjectData* recordOf(int aIdx) const;
     QVariant sharedValue(const LmParamKeyframeVector& aValues, CommonParam aParam) const;
-    /// Values and units for "nothing asked": one invalid value with an empty unit.
-    static bool isNothingAsked(const QStringList& aNames);
+    LmCvObject* ownItem(const LmCvObject* aObject) const; // null for an item that isn't stored
+    /// The measure of one name with its unit; invalid for a name that it doesn't know.
+    using Measure = std::function<QVariant(const QString& aName, QString& aUnit)>;
+    /// A value and a unit for each name. Where nothing is asked, and for an unknown name, an invalid value
+    /// with an empty unit.
+    static QLinkedList<QVariant> valuesOf(const QStringList& aNames, QStringList& aUnits,
+                                          const Measure& aMeasure);
 
 private:
+    bool remove(LmCvObject* aItem);
     LmKernelObjectDataDescr* createDescriptor() const;
     bool registerWithKernel();
     LmCvObject* itemFromRecord(int aIdx, const LmParamKeyframeVector& aValues);

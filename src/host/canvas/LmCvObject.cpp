@@ -126,6 +126,6 @@ LmCvObject::ScaledSizes LmCvObject::scaleTo(const QMatrix& aMatrix)
     const double zoom = aMatrix.m11() > 0.0 ? aMatrix.m11() : 1.0;
     thePen.setWidthF(kPenWidth / zoom);
     if (zoom >= 1.0)
-        return {double(kDefaultFntSize), kDefaultSelSize, kArrowLength};
-    return {kDefaultFntSize / zoom, int(kDefaultSelSize / zoom), kArrowLength / zoom};
+        return {1.0, double(kDefaultFntSize), kDefaultSelSize, kArrowLength};
+    return {zoom, kDefaultFntSize / zoom, int(kDefaultSelSize / zoom), kArrowLength / zoom};
 }

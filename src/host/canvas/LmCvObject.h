@@ -80,6 +80,7 @@ protected:
     /// What follows the zoom in every item.
     struct ScaledSizes
     {
+        double theZoom;        // at most 1; what keeps its size on the screen is divided by it
         double theFontSize;    // points
         int theSelSize;        // canvas pixels
         double theArrowLength; // canvas pixels

@@ -1,0 +1,40 @@
+#include "KeyframePath.h"
+
+#include "CmdSetAnimation.h"
+#include "CmdSwitchAnimation.h"
+#include "LmKSKernelData.h"
+#include "LmKernelObjectData.h"
+
+#include <QCoreApplication>
+#include <QUndoStack>
+
+#include <algorithm>
+#include <iterator>
+
+KeyframePath::Path KeyframePath::valued(const Path& aKeyframes)
+{
+    Path path;
+    std::copy_if(aKeyframes.begin(), aKeyframes.end(), std::back_inserter(path),
+                 [](const LmParamKeyframe& aKeyframe) { return aKeyframe.hasValue(); });
+    return path;
+}
+
+QPoint KeyframePath::pointAt(const LmKernelObjectData& aRecord, int aParam, long long aFrame)
+{
+    return aRecord.getKeyframe(uint(aParam), aFrame).getValue().toPoint();
+}
+
+void KeyframePath::paste(QUndoStack* aStack, int aType, int aIdx, const QList<QPair<int, Path>>& aPaths)
+{
+    const LmKernelObjectData* record = LmKSKernelData::getInstance()->getObject(aType, aIdx);
+    if (!aStack || !record)
+        return;
+    aStack->beginMacro(QCoreApplication::translate("KeyframePath", "Setting animation"));
+    for (const auto& [param, path] : aPaths) {
+        Path keyframes = path;
+        aStack->push(new CmdSetAnimation(aType, aIdx, param, keyframes));
+    }
+    if (!record->theAnimated)
+        aStack->push(new CmdSwitchAnimation(aType, aIdx, true));
+    aStack->endMacro();
+}
