@@ -27,22 +27,6 @@ void RegionFixture::pickPencil(bool aSmooth, bool aAutoShape)
     pickPencil();
 }
 
-LmCvRegion* RegionFixture::item(int aIdx) const
-{
-    LmCvObject* found = theTool.theCvObjects.value(aIdx);
-    if (!found)
-        qFatal("there is no region %d on the canvas", aIdx);
-    return static_cast<LmCvRegion*>(found);
-}
-
-LmKernelObjectData* RegionFixture::record(int aIdx) const
-{
-    LmKernelObjectData* found = theKernel.getObject(kType, aIdx);
-    if (!found)
-        qFatal("there is no record of region %d", aIdx);
-    return found;
-}
-
 QList<QPoint> RegionFixture::anchors(int aIdx) const
 {
     const LmCvRegion* region = item(aIdx);

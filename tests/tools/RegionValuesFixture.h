@@ -9,14 +9,12 @@
 class RegionValuesFixture : public RegionFixture
 {
 public:
-    static constexpr int kRegionType = 1103;
-    enum RegionParam { kClosedParam = 3, kPointsParam = 4, kStatesParam = 5, kPosParam = 6 };
     using Animation = QLinkedList<LmParamKeyframe>;
 
     /// A record outside the kernel; the caller owns it.
     LmKernelObjectData* newRecord(const QPolygon& aPoints, bool aClosed, const QPoint& aPos) const
     {
-        const LmKernelObjectDataDescr* descriptor = theKernel.getDataDescriptor(kRegionType);
+        const LmKernelObjectDataDescr* descriptor = theKernel.getDataDescriptor(kType);
         LmParamKeyframeVector values = descriptor->createKeyframeVector();
         QByteArray states;
         for (qsizetype i = 0; i < aPoints.size() / 3; ++i)
@@ -37,7 +35,7 @@ public:
     LmKernelObjectData* insert(int aIdx, const QPolygon& aPoints, bool aClosed, const QPoint& aPos)
     {
         LmKernelObjectData* made = newRecord(aPoints, aClosed, aPos);
-        if (!theKernel.insertObject(kRegionType, aIdx, made))
+        if (!theKernel.insertObject(kType, aIdx, made))
             qFatal("there is a region %d already", aIdx);
         return made;
     }

@@ -11,8 +11,8 @@ namespace {
 
 using Animation = RegionValuesFixture::Animation;
 
-constexpr int kPoints = RegionValuesFixture::kPointsParam;
-constexpr int kPos = RegionValuesFixture::kPosParam;
+constexpr int kPoints = RegionValuesFixture::kPoints;
+constexpr int kPos = RegionValuesFixture::kPos;
 const QString kPosition = QStringLiteral("Position");
 const QString kWay = QStringLiteral("Way dist.");
 const QString kWidth = QStringLiteral("Width");
@@ -119,7 +119,7 @@ void TestRegionAnimation::outlineValuesAreThoseOfEachKeyframe()
 
 void TestRegionAnimation::openRegionHasItsLengthsOnly()
 {
-    theRecord->storeValue(RegionValuesFixture::kClosedParam, -1, false);
+    theRecord->storeValue(RegionValuesFixture::kClosed, -1, false);
     theRecord->storeValue(kPoints, 0, rectangle(QRect(0, 0, 101, 51)));
     theRecord->storeValue(kPoints, 7, rectangle(QRect(-9, -9, 21, 11)));
     QCOMPARE(theFixture->animation(kLength), at({0, 7}, {250.0, 50.0}));

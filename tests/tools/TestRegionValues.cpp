@@ -161,10 +161,10 @@ void TestRegionValues::valuesComeFromTheCurrentFrame()
     theFixture->paint(theFixture->theImage, QRect(200, 0, 200, 300), 255, 255, 255);
     LmKernelObjectData* record = theFixture->insert(1, rectangle(QRect(0, 0, 51, 21)), true, QPoint(10, 50));
     record->theAnimated = true;
-    record->storeValue(RegionValuesFixture::kPointsParam, 0, rectangle(QRect(0, 0, 51, 21)));
-    record->storeValue(RegionValuesFixture::kPointsParam, 10, rectangle(QRect(0, 0, 71, 21)));
-    record->storeValue(RegionValuesFixture::kPosParam, 0, QPoint(100, 50));
-    record->storeValue(RegionValuesFixture::kPosParam, 10, QPoint(300, 50));
+    record->storeValue(RegionValuesFixture::kPoints, 0, rectangle(QRect(0, 0, 51, 21)));
+    record->storeValue(RegionValuesFixture::kPoints, 10, rectangle(QRect(0, 0, 71, 21)));
+    record->storeValue(RegionValuesFixture::kPos, 0, QPoint(100, 50));
+    record->storeValue(RegionValuesFixture::kPos, 10, QPoint(300, 50));
     const double widths[] = {51.0, 61.0, 71.0};
     const double means[] = {0.0, 100.0, 100.0};
     for (int i = 0; i < 3; ++i) {
@@ -217,20 +217,20 @@ void TestRegionValues::damagedRecordsGiveDefinedValues()
     };
     const Values zeros{0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
     const auto noPoints = record();
-    noPoints->storeValue(RegionValuesFixture::kPointsParam, -1, QStringLiteral("no points"));
+    noPoints->storeValue(RegionValuesFixture::kPoints, -1, QStringLiteral("no points"));
     QCOMPARE(all(noPoints.get()), zeros);
     const auto missing = record();
-    for (const int param : {RegionValuesFixture::kClosedParam, RegionValuesFixture::kPointsParam,
-                            RegionValuesFixture::kStatesParam, RegionValuesFixture::kPosParam})
+    for (const int param : {RegionValuesFixture::kClosed, RegionValuesFixture::kPoints,
+                            RegionValuesFixture::kStates, RegionValuesFixture::kPos})
         missing->storeValue(param, -1, QVariant());
     QCOMPARE(all(missing.get()), zeros);
     const auto halfNode = record();
-    halfNode->storeValue(RegionValuesFixture::kPointsParam, -1,
+    halfNode->storeValue(RegionValuesFixture::kPoints, -1,
                          QVariant::fromValue<QPolygon>(rectangle(QRect(0, 0, 100, 50)) +
                                                        QPolygon({QPoint(900, 900), QPoint(901, 901)})));
     QCOMPARE(all(halfNode.get()), all(record().get()));
     const auto states = record();
-    states->storeValue(RegionValuesFixture::kStatesParam, -1, QByteArray("x"));
+    states->storeValue(RegionValuesFixture::kStates, -1, QByteArray("x"));
     QCOMPARE(all(states.get()), all(record().get()));
 }
 
