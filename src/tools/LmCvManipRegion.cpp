@@ -129,6 +129,7 @@ void LmCvManipRegion::slotToolButtonPToggled(bool aToggled)
 {
     leaveOutline();
     thePencilMode = true;
+    Q_EMIT signalHintChanged();
     if (!aToggled) {
         // A click doesn't switch the pencil off; another tool's button does.
         const QSignalBlocker blocker(thePencilButton);
@@ -136,7 +137,6 @@ void LmCvManipRegion::slotToolButtonPToggled(bool aToggled)
     } else if (theCvEditor) {
         theCvEditor->setCurrentManipulator(this, thePencilButton);
     }
-    Q_EMIT signalHintChanged();
 }
 
 void LmCvManipRegion::makeCurrent()

@@ -1,3 +1,4 @@
+#include "ItemPicture.h"
 #include "LmCvDistance.h"
 #include "Q3Canvas.h"
 #include "TestFont.h"
@@ -9,37 +10,6 @@
 #include <utility>
 
 namespace {
-
-const QColor kBack(128, 128, 128);
-const QColor kBlue(0, 0, 255);
-const QColor kWhite(Qt::white);
-
-QImage painted(LmCvDistance& aItem, const QTransform& aView = QTransform())
-{
-    QImage picture(400, 400, QImage::Format_RGB32);
-    picture.fill(kBack);
-    QPainter painter(&picture);
-    painter.setWorldTransform(aView);
-    aItem.drawShape(painter);
-    return picture;
-}
-
-int colouredInColumn(const QImage& aPicture, int aX)
-{
-    int count = 0;
-    for (int y = 0; y < aPicture.height(); ++y)
-        count += aPicture.pixelColor(aX, y) != kBack;
-    return count;
-}
-
-int countOf(const QColor& aColor, const QImage& aPicture, const QRect& aWithin)
-{
-    int count = 0;
-    for (int y = aWithin.top(); y <= aWithin.bottom(); ++y)
-        for (int x = aWithin.left(); x <= aWithin.right(); ++x)
-            count += aPicture.pixelColor(x, y) == aColor;
-    return count;
-}
 
 // A point given relative to the middle of the line in the direction of the label's text, on the picture.
 QPoint besideTheLine(const LmCvDistance& aItem, const QTransform& aView, double aAlong, double aDown)
@@ -93,7 +63,7 @@ void TestDistancePainting::init()
 void TestDistancePainting::plainItemHasAThinLineAndWhiteHeads()
 {
     const QImage picture = painted(*theItem);
-    QCOMPARE(colouredInColumn(picture, 70), 1);
+    QCOMPARE(drawnIn(picture, QRect(70, 0, 1, 400)), 1);
     QCOMPARE(picture.pixelColor(70, 100), kBlue);
     QCOMPARE(picture.pixelColor(47, 100), kWhite);  // the heads cover the line
     QCOMPARE(picture.pixelColor(225, 100), kWhite); // (223, 97), (232, 100), (223, 103)
@@ -106,7 +76,7 @@ void TestDistancePainting::activeItemHasAThickLineAndFilledHeads()
 {
     theItem->setActive(true);
     const QImage picture = painted(*theItem);
-    QCOMPARE(colouredInColumn(picture, 70), 2);
+    QCOMPARE(drawnIn(picture, QRect(70, 0, 1, 400)), 2);
     QCOMPARE(picture.pixelColor(47, 100), kBlue);
     QCOMPARE(picture.pixelColor(47, 101), kBlue);
     QCOMPARE(picture.pixelColor(225, 101), kBlue);
@@ -117,7 +87,7 @@ void TestDistancePainting::selectedItemHasAThickLineAndWhiteHeads()
 {
     theItem->setSelected(true);
     const QImage picture = painted(*theItem);
-    QCOMPARE(colouredInColumn(picture, 70), 2);
+    QCOMPARE(drawnIn(picture, QRect(70, 0, 1, 400)), 2);
     QCOMPARE(picture.pixelColor(47, 101), kWhite);
     QCOMPARE(picture.pixelColor(225, 101), kWhite);
 }
@@ -128,7 +98,7 @@ void TestDistancePainting::lineKeepsTwoScreenPixelsAtEveryZoom()
     for (const double zoom : {0.5, 1.0, 1.5}) {
         const QTransform view = QTransform::fromScale(zoom, zoom);
         theItem->adjustScale(view);
-        QCOMPARE(colouredInColumn(painted(*theItem, view), int(85 * zoom)), 2);
+        QCOMPARE(drawnIn(painted(*theItem, view), QRect(int(85 * zoom), 0, 1, 400)), 2);
     }
 }
 

@@ -1,23 +1,7 @@
+#include "ItemPicture.h"
 #include "RegionFixture.h"
 
-#include <QPainter>
-
 namespace {
-
-const QColor kBack(128, 128, 128);
-const QColor kBlue(0, 0, 255);
-const QColor kWhite(Qt::white);
-
-QImage painted(LmCvRegion& aItem, const QTransform& aView, int aDevicePixelRatio = 1)
-{
-    QImage picture(QSize(400, 400) * aDevicePixelRatio, QImage::Format_RGB32);
-    picture.setDevicePixelRatio(aDevicePixelRatio);
-    picture.fill(kBack);
-    QPainter painter(&picture);
-    painter.setWorldTransform(aView);
-    aItem.drawShape(painter);
-    return picture;
-}
 
 /// The smallest rectangle around all pixels that were drawn.
 QRect drawnRect(const QImage& aPicture, const QRect& aWithin)

@@ -1,3 +1,4 @@
+#include "ItemPicture.h"
 #include "RegionFixture.h"
 
 #include <QPainter>
@@ -6,34 +7,6 @@
 #include <cmath>
 
 namespace {
-
-const QColor kBack(128, 128, 128);
-const QColor kBlue(0, 0, 255);
-const QColor kWhite(Qt::white);
-
-QImage painted(LmCvRegion& aItem, const QTransform& aView = QTransform())
-{
-    QImage picture(400, 400, QImage::Format_RGB32);
-    picture.fill(kBack);
-    QPainter painter(&picture);
-    painter.setWorldTransform(aView);
-    aItem.drawShape(painter);
-    return picture;
-}
-
-int countOf(const QColor& aColor, const QImage& aPicture, const QRect& aWithin)
-{
-    int count = 0;
-    for (int y = aWithin.top(); y <= aWithin.bottom(); ++y)
-        for (int x = aWithin.left(); x <= aWithin.right(); ++x)
-            count += aPicture.pixelColor(x, y) == aColor;
-    return count;
-}
-
-int drawnIn(const QImage& aPicture, const QRect& aWithin)
-{
-    return aWithin.width() * aWithin.height() - countOf(kBack, aPicture, aWithin);
-}
 
 /// A square outline, 100 to 300, with the label above (100, 100).
 struct BlueSquare : RegionFixture
