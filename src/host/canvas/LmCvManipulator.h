@@ -163,6 +163,8 @@ protected:
     void makeItemCurrent(LmCvObject* aItem);
     /// Pushes a command with theSelfChange set. Takes the command; without an undo stack it is dropped.
     void pushOwn(QUndoCommand* aCommand);
+    /// The label's text for a value: the number with its unit by default. aName is the value's name.
+    virtual QString shownText(const QString& aName, const QString& aValueText) const;
     /// A button as all tools have it, in no tool bar yet.
     static QToolButton* newToolButton();
 

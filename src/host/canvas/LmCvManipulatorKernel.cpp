@@ -191,9 +191,14 @@ void LmCvManipulator::updateDisplayValue(LmCvObject* aObject, const QString& aNa
     } else {
         value = getValue(aName, aObject, unit);
     }
-    aObject->setDisplayValue(value.isNull() ? QString() : numberText(value) + unit);
+    aObject->setDisplayValue(value.isNull() ? QString() : shownText(aName, numberText(value) + unit));
     if (aRepaint)
         updateCanvas();
+}
+
+QString LmCvManipulator::shownText(const QString&, const QString& aValueText) const
+{
+    return aValueText;
 }
 
 void LmCvManipulator::slotCalibrationChangedInKernel(const QString&, const LmCalibData&)
