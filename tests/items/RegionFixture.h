@@ -1,11 +1,11 @@
 #ifndef REGIONFIXTURE_H
 #define REGIONFIXTURE_H
 
+#include "ItemMouse.h"
 #include "LmCvRegion.h"
 #include "Q3Canvas.h"
 #include "TestFont.h"
 
-#include <QMouseEvent>
 #include <QRandomGenerator>
 
 #include <initializer_list>
@@ -13,18 +13,6 @@
 
 constexpr int kMin = std::numeric_limits<int>::min();
 constexpr int kMax = std::numeric_limits<int>::max();
-
-/// What the editor sends: an event that counts as ignored until the item accepts it.
-struct Mouse : QMouseEvent
-{
-    Mouse(Type aType, const QPoint& aPoint, Qt::KeyboardModifiers aModifiers = {},
-          Qt::MouseButton aButton = Qt::LeftButton)
-        : QMouseEvent(aType, aPoint, aPoint, aType == MouseMove ? Qt::NoButton : aButton,
-                      aType == MouseButtonRelease ? Qt::NoButton : aButton, aModifiers)
-    {
-        ignore();
-    }
-};
 
 /// A region on a canvas of 1000 x 800 pixels, with what a mouse does to it.
 struct RegionFixture

@@ -1,23 +1,7 @@
+#include "ItemMouse.h"
 #include "LmCvDistance.h"
 #include "Q3Canvas.h"
 #include "TestFont.h"
-
-#include <QMouseEvent>
-
-namespace {
-
-// What the editor sends: an event that counts as ignored until the item accepts it.
-struct Mouse : QMouseEvent
-{
-    Mouse(Type aType, const QPoint& aPoint, Qt::KeyboardModifiers aModifiers = {})
-        : QMouseEvent(aType, aPoint, aPoint, aType == MouseMove ? Qt::NoButton : Qt::LeftButton,
-                      aType == MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, aModifiers)
-    {
-        ignore();
-    }
-};
-
-} // namespace
 
 class TestDistanceHits : public QObject
 {
@@ -48,9 +32,12 @@ private Q_SLOTS:
     void clickLeavesTheNodesUnchanged();
 
 private:
-    bool press(QPoint aPoint);
-    bool move(QPoint aPoint, Qt::KeyboardModifiers aModifiers = {});
-    bool release(QPoint aPoint);
+    bool press(QPoint aPoint) { return pressOn(*theItem, aPoint); }
+    bool move(QPoint aPoint, Qt::KeyboardModifiers aModifiers = {})
+    {
+        return moveOn(*theItem, aPoint, aModifiers);
+    }
+    bool release(QPoint aPoint) { return releaseOn(*theItem, aPoint); }
 
     Q3Canvas theCanvas{1000, 1000};
     LmCvDistance* theItem = nullptr;
@@ -65,27 +52,6 @@ void TestDistanceHits::init()
     QCOMPARE(theItem->theWing1, QPoint(9, 3));
     QCOMPARE(theItem->theWing2, QPoint(9, -3));
     QCOMPARE(theItem->theSelSize, 8);
-}
-
-bool TestDistanceHits::press(QPoint aPoint)
-{
-    Mouse event(QEvent::MouseButtonPress, aPoint);
-    theItem->mousePressEvent(&event, aPoint);
-    return event.isAccepted();
-}
-
-bool TestDistanceHits::move(QPoint aPoint, Qt::KeyboardModifiers aModifiers)
-{
-    Mouse event(QEvent::MouseMove, aPoint, aModifiers);
-    theItem->mouseMoveEvent(&event, aPoint);
-    return event.isAccepted();
-}
-
-bool TestDistanceHits::release(QPoint aPoint)
-{
-    Mouse event(QEvent::MouseButtonRelease, aPoint);
-    theItem->mouseReleaseEvent(&event, aPoint);
-    return event.isAccepted();
 }
 
 void TestDistanceHits::lineIsHitByTheSquaresDiagonals_data()
