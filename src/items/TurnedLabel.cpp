@@ -74,11 +74,24 @@ void TurnedLabel::draw(QPainter& aPainter, const QPoint& aPivot, double aDegrees
 {
     aPainter.save();
     turnAbout(aPainter, PointMath::nearby(aPivot), aDegrees);
+    paint(aPainter);
+    aPainter.restore();
+}
+
+void TurnedLabel::drawUpright(QPainter& aPainter) const
+{
+    aPainter.save();
+    paint(aPainter);
+    aPainter.restore();
+}
+
+// Leaves the painter changed.
+void TurnedLabel::paint(QPainter& aPainter) const
+{
     drawBox(aPainter);
     if (!TurnedGlyphs::getInstance().drawCentred(aPainter, theBox, theText, theFont, theTextPen.color())) {
         aPainter.setFont(theFont);
         aPainter.setPen(theTextPen);
         aPainter.drawText(theBox, Qt::AlignCenter, theText);
     }
-    aPainter.restore();
 }

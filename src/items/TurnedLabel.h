@@ -9,7 +9,8 @@
 
 class QPainter;
 
-/// A label: a filled box with centred text that lies along a line. All items draw their labels through it.
+/// A label: a filled box with centred text that lies along a line or stands upright. All items draw
+/// their labels through it.
 struct TurnedLabel
 {
     /// The text's bounding rectangle at the origin, in the pixels of the font.
@@ -22,6 +23,8 @@ struct TurnedLabel
 
     /// Draws box and text, turned about the point, which keeps its place on the screen.
     void draw(QPainter& aPainter, const QPoint& aPivot, double aDegrees) const;
+    /// Draws box and text where they are.
+    void drawUpright(QPainter& aPainter) const;
 
     QRect theBox;
     QString theText;
@@ -31,6 +34,7 @@ struct TurnedLabel
     QPen theTextPen;
 
 private:
+    void paint(QPainter& aPainter) const;
     void drawBox(QPainter& aPainter) const;
 };
 

@@ -24,6 +24,20 @@ QPoint KeyframePath::pointAt(const LmKernelObjectData& aRecord, int aParam, long
     return aRecord.getKeyframe(uint(aParam), aFrame).getValue().toPoint();
 }
 
+KeyframePath::Path KeyframePath::ofEnd(LmKernelObjectData& aRecord, int aPointParam, int aVectorParam,
+                                       QPoint (*aPlace)(const QPoint& aPoint, const QPoint& aVector))
+{
+    const Path& vectors = aRecord.getAnimationKeyframes(aVectorParam);
+    Path path;
+    if (vectors.size() < 2)
+        return path;
+    for (const LmParamKeyframe& keyframe : valued(vectors)) {
+        const QPoint point = pointAt(aRecord, aPointParam, keyframe.getFrame());
+        path.append(LmParamKeyframe(keyframe.getFrame(), aPlace(point, keyframe.getValue().toPoint())));
+    }
+    return path;
+}
+
 void KeyframePath::paste(QUndoStack* aStack, int aType, int aIdx, const QList<QPair<int, Path>>& aPaths)
 {
     const LmKernelObjectData* record = LmKSKernelData::getInstance()->getObject(aType, aIdx);

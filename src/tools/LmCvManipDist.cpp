@@ -1,6 +1,7 @@
 #include "LmCvManipDist.h"
 
 #include "CanvasEvent.h"
+#include "DegreeValue.h"
 #include "LmCvDistance.h"
 #include "LmCvEditor.h"
 #include "LmKSKernelData.h"
@@ -17,12 +18,9 @@ namespace {
 constexpr int kDistanceType = 1102;
 const QPoint kRulerEnd(7, 24); // hot spot of the cursor: the ruler's lower left end
 
-// The slope in degrees, cut to tenths. The 0.1 of a tenth lets a slope that is a rounding error short of a
-// tenth read as that tenth. The factor has ten digits here; the snapping's longer one would cut some slopes
-// differently.
 double slopeDegrees(double aDx, double aDy)
 {
-    return std::floor(std::asin(-aDy / std::sqrt(aDx * aDx + aDy * aDy)) * 57.29577951 * 10.0 + 0.1) / 10.0;
+    return DegreeValue::ofRadians(std::asin(-aDy / std::sqrt(aDx * aDx + aDy * aDy)));
 }
 
 } // namespace
@@ -171,7 +169,7 @@ QVariant LmCvManipDist::getValue(const QString& aName, const LmCvObject* aObject
     const double step = theKernelData->currentStep(aUnit);
     const auto* distance = static_cast<const LmCvDistance*>(aObject);
     if (isAngleName(aName))
-        aUnit = QChar(176);
+        aUnit = DegreeValue::unit();
     return measured(aName, PointMath::difference(distance->theEnd, distance->theStart), step);
 }
 
@@ -186,7 +184,7 @@ QLinkedList<QVariant> LmCvManipDist::getValues(const QStringList& aNames, const 
     const QPoint extent =
         PointMath::difference(PointMath::sum(pos, ep), PointMath::difference(pos, ep)); // end less start
     return valuesOf(aNames, aUnits, [&](const QString& aName, QString& aUnit) {
-        aUnit = isAngleName(aName) ? QString(QChar(176)) : unit;
+        aUnit = isAngleName(aName) ? DegreeValue::unit() : unit;
         return measured(aName, extent, step);
     });
 }

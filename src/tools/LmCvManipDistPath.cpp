@@ -5,16 +5,10 @@
 #include "LmKernelObjectData.h"
 #include "PointMath.h"
 
+using KeyframePath::kArrowTolerance;
+using KeyframePath::kLineTolerance;
 using KeyframePath::Path;
 using KeyframePath::pointAt;
-
-namespace {
-
-// Copying and pasting feel for the item with squares of their own, the same at every zoom.
-constexpr int kArrowTolerance = 8;
-constexpr int kLineTolerance = 4;
-
-} // namespace
 
 void LmCvManipDist::copyAnimKeyframes(const LmCvObject* aObject, const QPoint& aPoint)
 {
@@ -35,17 +29,8 @@ void LmCvManipDist::copyAnimKeyframes(const LmCvObject* aObject, const QPoint& a
     }
 
     const bool atStart = end == item->theStart;
-    const Path& toEnd = record->getAnimationKeyframes(kEp);
-    theClipboardKeyframes.clear();
-    if (toEnd.size() < 2)
-        return;
-    for (const LmParamKeyframe& keyframe : KeyframePath::valued(toEnd)) {
-        const long long frame = keyframe.getFrame();
-        const QPoint pos = pointAt(*record, kPos, frame);
-        const QPoint ep = keyframe.getValue().toPoint();
-        const QPoint point = atStart ? PointMath::difference(pos, ep) : PointMath::sum(pos, ep);
-        theClipboardKeyframes.append(LmParamKeyframe(frame, point));
-    }
+    theClipboardKeyframes =
+        KeyframePath::ofEnd(*record, kPos, kEp, atStart ? PointMath::difference : PointMath::sum);
 }
 
 void LmCvManipDist::pasteAnimKeyframes(const LmCvObject* aObject, const QPoint& aPoint)
