@@ -60,6 +60,9 @@ public:
 Q_SIGNALS:
     void currentChanged(int aRow, int aPosition);
 
+protected:
+    using QTableView::currentChanged;
+
 private:
     QModelIndex cell(int aRow, int aPosition) const;
     void tellCurrent(const QModelIndex& aCurrent);
