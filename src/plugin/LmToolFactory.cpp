@@ -1,5 +1,6 @@
 #include "LmToolFactory.h"
 
+#include "LmCvManipAngle.h"
 #include "LmCvManipDist.h"
 #include "LmCvManipRegion.h"
 
@@ -24,6 +25,7 @@ LmCvManipulator* make(QObject* aParent)
 constexpr ToolRow kTools[] = {
     {QLatin1String("Region"), make<LmCvManipRegion>},
     {QLatin1String("Distance"), make<LmCvManipDist>},
+    {QLatin1String("Angle"), make<LmCvManipAngle>},
 };
 
 } // namespace
