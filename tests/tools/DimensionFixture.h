@@ -42,6 +42,27 @@ public:
     {
         record(aIdx)->storeValue(kPoints, aFrame, QVariant::fromValue<QPolygon>(aPoints));
     }
+
+    // Values of the first dimension, with their units in theUnit.
+    QVariant fromRecord(const QString& aName)
+    {
+        QStringList units;
+        const QLinkedList<QVariant> values = theTool.getValues(QStringList(aName), record(1), units);
+        theUnit = units.value(0);
+        return values.size() == 1 && units.size() == 1 ? values.first() : QVariant(QStringLiteral("no list"));
+    }
+    QVariant live(const QString& aName) { return theTool.getValue(aName, item(1), theUnit); }
+
+    QString theUnit;
 };
+
+inline const QString kHeight = QStringLiteral("Height");
+inline const QString kAverage = QStringLiteral("Avg. Width");
+inline const QString kLiveAverage = QStringLiteral("Avg Width"); // its name while a dimension is dragged
+
+inline QString width(int aNumber)
+{
+    return QStringLiteral("Width%1").arg(aNumber);
+}
 
 #endif
