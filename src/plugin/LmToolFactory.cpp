@@ -1,6 +1,7 @@
 #include "LmToolFactory.h"
 
 #include "LmCvManipAngle.h"
+#include "LmCvManipDim.h"
 #include "LmCvManipDist.h"
 #include "LmCvManipRegion.h"
 
@@ -25,6 +26,7 @@ LmCvManipulator* make(QObject* aParent)
 constexpr ToolRow kTools[] = {
     {QLatin1String("Region"), make<LmCvManipRegion>},
     {QLatin1String("Distance"), make<LmCvManipDist>},
+    {QLatin1String("Dimension"), make<LmCvManipDim>},
     {QLatin1String("Angle"), make<LmCvManipAngle>},
 };
 
