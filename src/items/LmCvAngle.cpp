@@ -21,9 +21,6 @@ constexpr int kLabelGap = 4; // pixels between vertex and label
 // isPointInSector.
 constexpr double kArmDegreesPerRadian = 57.0;
 
-constexpr double kArcUnitsPerDegree = 16.0;
-constexpr int kFullArc = 5760;
-
 struct Arm
 {
     Arm(const QPoint& aVertex, const QPoint& aEnd, double aArrowLength)

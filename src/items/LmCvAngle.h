@@ -15,6 +15,9 @@ public:
     static constexpr int kRtti = 1106;
     static constexpr unsigned int kArcRadius = 30; // canvas pixels at every zoom
 
+    static constexpr double kArcUnitsPerDegree = 16.0; // as painters count arcs
+    static constexpr int kFullArc = 5760;
+
     enum Node { kVertex = 0, kEnd1 = 1, kEnd2 = 2 };
 
     LmCvAngle(LmCvManipulator* aTool, Q3Canvas* aCanvas, const QString& aLabel, Q3CanvasView* aView);

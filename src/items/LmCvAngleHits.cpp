@@ -14,9 +14,6 @@ namespace {
 // apart: what is felt follows the pointer, between the arc's ends as they are drawn.
 constexpr double kPointerDegreesPerRadian = 57.29577951308232;
 
-constexpr double kArcUnitsPerDegree = 16.0;
-constexpr int kFullArc = 5760;
-
 // What the walk around the arc passes from one station to the next, in sixteenths of a degree: directions
 // over theLower up to theUpper.
 struct Side
@@ -29,11 +26,11 @@ struct Side
 
 constexpr int kStationCount = 5;
 constexpr Side kSides[kStationCount] = {
-    {5040, 3600},    // lower side
-    {3600, 2160},    // left side
-    {2160, 720},     // upper side
-    {720, 0},        // upper half of the right side
-    {kFullArc, 5040} // lower half of the right side, with the way straight to the right
+    {5040, 3600},               // lower side
+    {3600, 2160},               // left side
+    {2160, 720},                // upper side
+    {720, 0},                   // upper half of the right side
+    {LmCvAngle::kFullArc, 5040} // lower half of the right side, with the way straight to the right
 };
 
 } // namespace

@@ -3,9 +3,6 @@
 #include "LmKernelObjectDataDescr.h"
 #include "TestFont.h"
 
-#include <QDomDocument>
-
-#include <limits>
 #include <memory>
 
 namespace {
@@ -16,7 +13,7 @@ const QPoint theRight(183, 150);
 
 } // namespace
 
-/// The ways between the three points on the canvas and the record: edits, undo, frames, resolution, loading.
+/// The ways between the three points on the canvas and the record: edits, undo, frames, resolution.
 class TestAngleRecords : public QObject
 {
     Q_OBJECT
@@ -38,17 +35,9 @@ private Q_SLOTS:
     void editOfAnAnimatedAngleIsAKeyframe();
     void regionOfInterestMovesTheCanvas();
     void resolutionScalesAllThreeDefaults();
-    void loadedAngleTakesTheNextFreeIndex();
-    void hiddenAngleIsLoadedHidden();
-    void savedAngleComesBackAsItWas();
-    void refusedElementLoadsNothing();
-    void extremeAnglesAreStoredAndComeBack();
 
 private:
-    QDomElement saved(int aIdx, bool aVisible);
-
     std::unique_ptr<AngleFixture> theFixture;
-    QDomDocument theDocument;
 };
 
 // The record: (140, 181), (1, -81), (83, -1).
@@ -58,23 +47,6 @@ void TestAngleRecords::init()
     LmCvManipulator::theLastUsedValueName = QStringLiteral("Angle");
     theFixture->draw(theVertex, theUp, theRight);
     QCOMPARE(theFixture->storedPoints(1), (QList<QPoint>{QPoint(140, 181), QPoint(1, -81), QPoint(83, -1)}));
-}
-
-// A green angle at (100, 90) in the image, its arms (0, -40) and (30, 30), animated.
-QDomElement TestAngleRecords::saved(int aIdx, bool aVisible)
-{
-    const LmKernelObjectDataDescr* descriptor = theFixture->theKernel.getDataDescriptor(1106);
-    LmParamKeyframeVector values = descriptor->createKeyframeVector();
-    values.setValue(AngleFixture::kVis, aVisible);
-    values.setValue(AngleFixture::kCol, QColor(Qt::green));
-    values.setValue(AngleFixture::kDispv, QStringLiteral("Angle"));
-    values.setValue(AngleFixture::kPos, QPoint(100, 90));
-    values.setValue(AngleFixture::kEp1, QPoint(0, -40));
-    values.setValue(AngleFixture::kEp2, QPoint(30, 30));
-    LmKernelObjectData record(values, descriptor->getKeyframeTypes(), 0);
-    record.theAnimated = true;
-    record.storeValue(AngleFixture::kPos, 5, QPoint(1, 2));
-    return descriptor->createXML(theDocument, aIdx, record);
 }
 
 void TestAngleRecords::editGoesIntoTheRecord_data()
@@ -254,77 +226,6 @@ void TestAngleRecords::resolutionScalesAllThreeDefaults()
     QCOMPARE(f.storedPoints(1), (QList<QPoint>{QPoint(70, 91), QPoint(1, -41), QPoint(42, -1)}));
     QCOMPARE(f.record(1)->getKeyframe(AngleFixture::kEp2, 3).getValue().toPoint(), QPoint(5, 6));
     QCOMPARE(f.theStack.count(), 1);
-}
-
-void TestAngleRecords::loadedAngleTakesTheNextFreeIndex()
-{
-    AngleFixture& f = *theFixture;
-    f.theTool.constructDataObject(saved(1, true), nullptr);
-    f.theTool.constructDataObject(saved(77, true), nullptr);
-    QCOMPARE(f.theTool.theCvObjects.keys(), (QList<int>{1, 2, 3}));
-    QCOMPARE(f.theKernel.getObjectsOfType(1106).keys(), (QList<int>{1, 2, 3}));
-    QCOMPARE(f.item(3)->theLabel, QStringLiteral("3"));
-    QCOMPARE(f.canvasPoints(3), (QList<QPoint>{QPoint(60, 60), QPoint(60, 20), QPoint(90, 90)}));
-    QCOMPARE(f.item(3)->getColor(), QColor(Qt::green));
-    QCOMPARE(f.item(3)->theDisplayValue, QStringLiteral("135.00°"));
-    QVERIFY(f.item(3)->isVisible());
-    QCOMPARE(f.theStack.count(), 3);
-}
-
-void TestAngleRecords::hiddenAngleIsLoadedHidden()
-{
-    theFixture->theTool.constructDataObject(saved(1, false), nullptr);
-    QVERIFY(!theFixture->item(2)->isVisible());
-}
-
-void TestAngleRecords::savedAngleComesBackAsItWas()
-{
-    AngleFixture& f = *theFixture;
-    f.theTool.constructDataObject(saved(1, false), nullptr);
-    QCOMPARE(f.storedPoints(2), (QList<QPoint>{QPoint(100, 90), QPoint(0, -40), QPoint(30, 30)}));
-    QCOMPARE(f.stored(1106, 2, AngleFixture::kVis), QVariant(false));
-    QCOMPARE(f.stored(1106, 2, AngleFixture::kDispv), QVariant(QStringLiteral("Angle")));
-    QVERIFY(f.record(2)->theAnimated);
-    QCOMPARE(f.record(2)->getKeyframedFrames(), QList<long long>{5});
-}
-
-void TestAngleRecords::refusedElementLoadsNothing()
-{
-    AngleFixture& f = *theFixture;
-    QDomElement cut = saved(1, true);
-    cut.removeChild(cut.lastChild());
-    f.theTool.constructDataObject(cut, nullptr);
-    f.theTool.constructDataObject(QDomElement(), nullptr);
-    QCOMPARE(f.itemCount(), 1);
-    QCOMPARE(f.theStack.count(), 1);
-}
-
-void TestAngleRecords::extremeAnglesAreStoredAndComeBack()
-{
-    constexpr int kMin = std::numeric_limits<int>::min();
-    constexpr int kMax = std::numeric_limits<int>::max();
-    AngleFixture& f = *theFixture;
-    const QPoint far[] = {{kMin, kMin}, {kMax, kMax}, {0, 0}, {kMax, kMin}};
-    for (const QPoint& vertex : far) {
-        for (const QPoint& end1 : far) {
-            for (const QPoint& end2 : far) {
-                f.item(1)->setPoints(vertex, end1, end2);
-                Q_EMIT f.theEditor.signalCanvasObjectChanged(f.item(1));
-                QVERIFY(!f.item(1)->theDisplayValue.contains(QStringLiteral("nan")));
-                const QDomElement element =
-                    f.theKernel.getDataDescriptor(1106)->createXML(theDocument, 1, *f.record(1));
-                f.theTool.constructDataObject(element, nullptr);
-                QCOMPARE(f.storedPoints(2), f.storedPoints(1));
-                f.theTool.removeCvObject(f.item(2));
-                f.theKernel.announceResolution(QSize(400, 300), QSize(800, 600));
-            }
-        }
-    }
-    // Within the range nothing is lost.
-    f.item(1)->setPoints(QPoint(1 << 29, 0), QPoint(-(1 << 29), 7), QPoint(3, 1 << 30));
-    Q_EMIT f.theEditor.signalCanvasObjectChanged(f.item(1));
-    QCOMPARE(f.storedPoints(1), (QList<QPoint>{QPoint((1 << 29) + 40, 30), QPoint(-(1 << 30), 7),
-                                               QPoint(3 - (1 << 29), 1 << 30)}));
 }
 
 MEASURE_TEST_MAIN(TestAngleRecords)
