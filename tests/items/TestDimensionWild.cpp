@@ -19,13 +19,14 @@ constexpr quint32 kSeed = 4711;
 // A part of the vector's length along it (or across, turned clockwise on the screen), by its direction.
 struct Along
 {
-    Along(const QPoint& aStart, const QPoint& aEnd, long double aLength)
+    Along(const QPoint& aStart, const QPoint& aEnd, double aLength)
     {
         const long double dx = static_cast<long double>(aEnd.x()) - aStart.x();
         const long double dy = static_cast<long double>(aEnd.y()) - aStart.y();
         const long double direction = std::atan2(dy, dx);
-        theX = aLength * std::cos(direction);
-        theY = aLength * std::sin(direction);
+        const auto length = static_cast<long double>(aLength);
+        theX = length * std::cos(direction);
+        theY = length * std::sin(direction);
     }
     long double theX;
     long double theY;
@@ -90,12 +91,12 @@ bool TestDimensionWild::agrees(const Q3PointArray& aPoints)
                 return false;
             continue;
         }
-        const Along beyond(start, end, 4.0L);
+        const Along beyond(start, end, 4.0);
         const QPoint way = theItem->theCtrlPoints[i + 1] - end;
         if (start - theItem->theCtrlPoints[i] != way || !isCutOf(way.x(), beyond.theX) ||
             !isCutOf(way.y(), beyond.theY))
             return false;
-        const Along handle(start, end, 2.0L * theItem->theCtrlRad);
+        const Along handle(start, end, 2.0 * theItem->theCtrlRad);
         takeIn(start.x() - handle.theX, start.y() - handle.theY);
         takeIn(end.x() + handle.theX, end.y() + handle.theY);
         const Along tick(start, end, theItem->theCapSize);

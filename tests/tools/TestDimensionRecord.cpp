@@ -167,7 +167,8 @@ void TestDimensionRecord::changeOfAnotherTypeIsIgnored()
 {
     DimensionFixture& f = *theFixture;
     LmParamKeyframeVector values = f.record(1)->getDefaultKeyframes();
-    values.setValue(DimensionFixture::kPoints, QVariant::fromValue<QPolygon>(QPolygon({{1, 1}, {2, 2}})));
+    values.setValue(DimensionFixture::kPoints,
+                    QVariant::fromValue<QPolygon>(QPolygon({QPoint(1, 1), QPoint(2, 2)})));
     const LmKernelObjectData other(values, f.theKernel.getDataDescriptor(1112)->getKeyframeTypes(), 0);
     Q_EMIT f.theKernel.signalObjectChanged(1106, 1, &other);
     Q_EMIT f.theKernel.signalObjectCreated(1106, 5, &other);
