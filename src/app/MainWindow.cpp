@@ -139,6 +139,13 @@ void MainWindow::connectCalibration()
 
 void MainWindow::addDocks()
 {
+    // Those of the tools.
+    const auto docks = findChildren<QDockWidget*>();
+    for (QDockWidget* dock : docks) {
+        addDockWidget(Qt::BottomDockWidgetArea, dock);
+        dock->toggleViewAction()->setStatusTip(tr("Shows or hides the table of all objects and their values"));
+        theActions.theViewMenu->addAction(dock->toggleViewAction());
+    }
     auto* frames =
         new FrameBar(theBench.media(), *theActions.thePreviousFrame, *theActions.theNextFrame, this);
     addToolBar(Qt::BottomToolBarArea, frames);

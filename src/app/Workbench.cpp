@@ -8,6 +8,7 @@
 #include "Media.h"
 #include "PluginLoader.h"
 
+#include <QMainWindow>
 #include <QSignalBlocker>
 #include <QToolBar>
 
@@ -52,14 +53,17 @@ bool Workbench::loadTools(QToolBar* aToolBar, QString& aError)
     LmCvManipulatorPluginInterface* plugin = PluginLoader::loadFromSearchPath(aError);
     if (!plugin)
         return false;
-    if (!aToolBar) {
-        theHiddenToolBar = std::make_unique<QToolBar>();
-        aToolBar = theHiddenToolBar.get();
+    auto* window = aToolBar ? qobject_cast<QMainWindow*>(aToolBar->window()) : nullptr;
+    if (!window) {
+        theHiddenWindow = std::make_unique<QMainWindow>();
+        window = theHiddenWindow.get();
     }
+    if (!aToolBar)
+        aToolBar = window->addToolBar(QString());
     const QStringList names = plugin->featureList();
     for (const QString& name : names) {
         LmCvManipulator* tool = nullptr;
-        if (!plugin->createManipulator(name, &tool, nullptr) || !tool)
+        if (!plugin->createManipulator(name, &tool, window) || !tool)
             continue;
         theTools << tool;
         tool->setUndoStack(&theUndoStack);

@@ -11,6 +11,7 @@ class Document;
 class LmCvEditor;
 class LmCvManipulator;
 class Media;
+class QMainWindow;
 class QToolBar;
 
 /// Editor, undo stack, tools and document wired together: what the window and the program without a window
@@ -24,8 +25,8 @@ public:
     ~Workbench() override;
 
     /// Loads the plug-in and starts its tools, whose buttons go into the tool bar. False with one sentence in
-    /// aError when the plug-in is missing or doesn't fit; the workbench then goes on without tools. Without a
-    /// tool bar the buttons stand in a hidden one.
+    /// aError when the plug-in is missing or doesn't fit; the workbench then goes on without tools. Docks of
+    /// tools go into the tool bar's window. What is missing of both is there unseen.
     bool loadTools(QToolBar* aToolBar, QString& aError);
     const QList<LmCvManipulator*>& tools() const { return theTools; }
 
@@ -38,7 +39,7 @@ private:
     QUndoStack theUndoStack;
     LmCvEditor*
         theEditor; // owned, also when a window has taken it as a child widget; null once that deletes it
-    std::unique_ptr<QToolBar> theHiddenToolBar;
+    std::unique_ptr<QMainWindow> theHiddenWindow; // with a tool bar
     std::unique_ptr<Media> theMedia;
     std::unique_ptr<Document> theDocument;
     QList<LmCvManipulator*> theTools; // owned

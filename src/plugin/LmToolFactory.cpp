@@ -3,6 +3,7 @@
 #include "LmCvManipAngle.h"
 #include "LmCvManipDim.h"
 #include "LmCvManipDist.h"
+#include "LmCvManipMeasure.h"
 #include "LmCvManipRegion.h"
 
 #include <QLatin1String>
@@ -28,6 +29,7 @@ constexpr ToolRow kTools[] = {
     {QLatin1String("Distance"), make<LmCvManipDist>},
     {QLatin1String("Dimension"), make<LmCvManipDim>},
     {QLatin1String("Angle"), make<LmCvManipAngle>},
+    {QLatin1String("Measure_window"), make<LmCvManipMeasure>},
 };
 
 } // namespace

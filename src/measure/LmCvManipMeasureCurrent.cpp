@@ -1,0 +1,60 @@
+// The current object in the table and on the canvas, and headings that the user moves.
+#include "LmCvManipMeasure.h"
+
+#include "LmCvEditor.h"
+#include "LmCvObject.h"
+#include "LmKSKernelData.h"
+#include "LmKsMeasureWidget.h"
+
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+
+void LmCvManipMeasure::slotTableCurrentChanged(int aRow, int)
+{
+    const auto key = theRowKeys.constFind(theMeasureWidget->theTable->verticalHeader()->label(aRow));
+    if (key == theRowKeys.constEnd() || !theCvEditor)
+        return;
+    LmCvManipulator* tool = theKernelData->getCvManipulator(key->first);
+    LmCvObject* item = tool ? tool->getCvObject(key->second) : nullptr;
+    if (!item)
+        return;
+    {
+        const QScopedValueRollback<bool> selfChange(theSelfChange, true);
+        makeItemCurrent(item);
+        theCvEditor->getCanvas()->update();
+    }
+    if (item->theManipulator)
+        showCalcTable(item->theManipulator->getObjectName(item));
+}
+
+void LmCvManipMeasure::slotCanvasObjectCurrent(LmCvObject* aItem)
+{
+    if (theSelfChange)
+        return;
+    Q3Table* table = theMeasureWidget->theTable;
+    const int row = aItem ? findRowInTable(aItem) : -1;
+    if (row < 0) {
+        table->clearSelection(true);
+        return;
+    }
+    {
+        const QSignalBlocker blocker(table);
+        table->selectRow(row);
+        table->setCurrentCell(row, 0);
+    }
+    showCalcTable(aItem->theManipulator->getObjectName(aItem));
+}
+
+// The cells stay as they are; later values go by the new order.
+void LmCvManipMeasure::slotColumnMoved(int, int aFromPosition, int aToPosition)
+{
+    theCells.moveColumn(aFromPosition, aToPosition);
+    const Q3Table* table = theMeasureWidget->theTable;
+    const Q3Header* header = table->horizontalHeader();
+    theColumnNames.clear();
+    for (int position = 0; position < table->numCols(); ++position) {
+        const QString label = header->label(header->mapToSection(position));
+        if (!label.isNull())
+            theColumnNames.append(label);
+    }
+}
