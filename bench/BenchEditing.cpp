@@ -33,12 +33,12 @@ void undoAndRedoOne(benchmark::State& aState)
 }
 BENCHMARK(undoAndRedoOne)->Apply(benchSizes)->Iterations(50);
 
-void createAllInOneMacro(benchmark::State& aState)
+void createAllInOneMacro(benchmark::State& aState, BenchScene::Type aType)
 {
     for (auto _ : aState) {
         aState.PauseTiming();
         {
-            BenchScene scene(0);
+            BenchScene scene(0, false, aType);
             aState.ResumeTiming();
             scene.create(int(aState.range(0)));
             scene.paintPending();
@@ -47,11 +47,15 @@ void createAllInOneMacro(benchmark::State& aState)
         aState.ResumeTiming();
     }
 }
-BENCHMARK(createAllInOneMacro)->Apply(benchSizes)->Iterations(3);
+BENCHMARK_CAPTURE(createAllInOneMacro, distance, BenchScene::kDistance)->Apply(benchSizes)->Iterations(3);
+BENCHMARK_CAPTURE(createAllInOneMacro, angle, BenchScene::kAngle)->Apply(otherTypesSizes)->Iterations(3);
+BENCHMARK_CAPTURE(createAllInOneMacro, dimension, BenchScene::kDimension)
+    ->Apply(otherTypesSizes)
+    ->Iterations(3);
 
-void undoAllInOneMacro(benchmark::State& aState)
+void undoAllInOneMacro(benchmark::State& aState, BenchScene::Type aType)
 {
-    BenchScene scene(int(aState.range(0)));
+    BenchScene scene(int(aState.range(0)), false, aType);
     for (auto _ : aState) {
         scene.theWorkbench.undoStack().undo();
         scene.paintPending();
@@ -61,7 +65,11 @@ void undoAllInOneMacro(benchmark::State& aState)
         aState.ResumeTiming();
     }
 }
-BENCHMARK(undoAllInOneMacro)->Apply(benchSizes)->Iterations(3);
+BENCHMARK_CAPTURE(undoAllInOneMacro, distance, BenchScene::kDistance)->Apply(benchSizes)->Iterations(3);
+BENCHMARK_CAPTURE(undoAllInOneMacro, angle, BenchScene::kAngle)->Apply(otherTypesSizes)->Iterations(3);
+BENCHMARK_CAPTURE(undoAllInOneMacro, dimension, BenchScene::kDimension)
+    ->Apply(otherTypesSizes)
+    ->Iterations(3);
 
 void redoAllInOneMacro(benchmark::State& aState)
 {

@@ -11,15 +11,17 @@
 
 namespace {
 
-void fullRepaint(benchmark::State& aState)
+void fullRepaint(benchmark::State& aState, BenchScene::Type aType)
 {
-    BenchScene scene(int(aState.range(0)));
+    BenchScene scene(int(aState.range(0)), false, aType);
     for (auto _ : aState) {
         scene.theWorkbench.editor().viewport()->repaint();
         scene.paintPending();
     }
 }
-BENCHMARK(fullRepaint)->Apply(benchSizes);
+BENCHMARK_CAPTURE(fullRepaint, distance, BenchScene::kDistance)->Apply(benchSizes);
+BENCHMARK_CAPTURE(fullRepaint, angle, BenchScene::kAngle)->Apply(otherTypesSizes);
+BENCHMARK_CAPTURE(fullRepaint, dimension, BenchScene::kDimension)->Apply(otherTypesSizes);
 
 // The first repaint of labels at a size that was never shown.
 void firstRepaintAfterZoom(benchmark::State& aState)
@@ -49,9 +51,9 @@ void zoomStepAtFit(benchmark::State& aState)
 }
 BENCHMARK(zoomStepAtFit)->Apply(benchSizes);
 
-void dragOneItem(benchmark::State& aState)
+void dragOneItem(benchmark::State& aState, BenchScene::Type aType)
 {
-    BenchScene scene(int(aState.range(0)));
+    BenchScene scene(int(aState.range(0)), false, aType);
     LmCvObject* dragged = scene.item(int(aState.range(0)) / 2);
     scene.theWorkbench.editor().activateItem(dragged);
     scene.paintPending();
@@ -63,7 +65,9 @@ void dragOneItem(benchmark::State& aState)
         step = -step;
     }
 }
-BENCHMARK(dragOneItem)->Apply(benchSizes);
+BENCHMARK_CAPTURE(dragOneItem, distance, BenchScene::kDistance)->Apply(benchSizes);
+BENCHMARK_CAPTURE(dragOneItem, angle, BenchScene::kAngle)->Apply(otherTypesSizes);
+BENCHMARK_CAPTURE(dragOneItem, dimension, BenchScene::kDimension)->Apply(otherTypesSizes);
 
 // At twice the fit, so that there is room to pan; a step is what a quick hand moves in a sixtieth of a
 // second.
@@ -82,9 +86,9 @@ void panStep(benchmark::State& aState)
 }
 BENCHMARK(panStep)->Apply(benchSizes);
 
-void frameChangeAllAnimated(benchmark::State& aState)
+void frameChangeAllAnimated(benchmark::State& aState, BenchScene::Type aType)
 {
-    BenchScene scene(int(aState.range(0)), true);
+    BenchScene scene(int(aState.range(0)), true, aType);
     int frame = 0;
     for (auto _ : aState) {
         frame = (frame + 1) % BenchScene::kFrames;
@@ -92,18 +96,24 @@ void frameChangeAllAnimated(benchmark::State& aState)
         scene.paintPending();
     }
 }
-BENCHMARK(frameChangeAllAnimated)->Apply(benchSizes);
+BENCHMARK_CAPTURE(frameChangeAllAnimated, distance, BenchScene::kDistance)->Apply(benchSizes);
+BENCHMARK_CAPTURE(frameChangeAllAnimated, angle, BenchScene::kAngle)->Apply(otherTypesSizes);
+BENCHMARK_CAPTURE(frameChangeAllAnimated, dimension, BenchScene::kDimension)->Apply(otherTypesSizes);
 
-void hitTest(benchmark::State& aState)
+void hitTest(benchmark::State& aState, BenchScene::Type aType)
 {
-    BenchScene scene(int(aState.range(0)));
+    BenchScene scene(int(aState.range(0)), false, aType);
     int x = 0;
     for (auto _ : aState) {
         x = (x + 37) % 4000;
         benchmark::DoNotOptimize(scene.theWorkbench.editor().itemAt(QPoint(x, (x * 7) % 3000)));
     }
 }
-BENCHMARK(hitTest)->Apply(benchSizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(hitTest, distance, BenchScene::kDistance)->Apply(benchSizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(hitTest, angle, BenchScene::kAngle)->Apply(otherTypesSizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(hitTest, dimension, BenchScene::kDimension)
+    ->Apply(otherTypesSizes)
+    ->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

@@ -40,10 +40,10 @@ QString madePicture(const QString& aPath)
 
 } // namespace
 
-BenchScene::BenchScene(int aCount, bool aAnimated)
+BenchScene::BenchScene(int aCount, bool aAnimated, Type aType, QToolBar* aToolBar) : theType(aType)
 {
     QString error;
-    if (!theWorkbench.loadTools(nullptr, error))
+    if (!theWorkbench.loadTools(aToolBar, error))
         fail(error);
     LmCvEditor& editor = theWorkbench.editor();
     editor.resize(kViewport);
@@ -54,9 +54,10 @@ BenchScene::BenchScene(int aCount, bool aAnimated)
     theWorkbench.undoStack().push(new CmdCalibrate(
         QStringLiteral("bench"), LmCalibData{100.0, QStringLiteral("mm")}, QStringLiteral("bench")));
     editor.zoomToFit();
-    LmCvManipulator::theLastUsedValueName = QStringLiteral("Distance");
+    LmCvManipulator::theLastUsedValueName =
+        LmKSKernelData::getInstance()->getCvManipulator(theType)->theValueNames.first();
     create(aCount, aAnimated);
-    showAllLabels();
+    showAllLabels(theType);
     QApplication::processEvents();
 }
 
@@ -79,15 +80,13 @@ QSize BenchScene::pictureSize() const
 
 LmKernelObjectData* BenchScene::newRecord(bool aAnimated)
 {
-    const LmKernelObjectDataDescr* descr = LmKSKernelData::getInstance()->getDataDescriptor(kDistance);
+    const LmKernelObjectDataDescr* descr = LmKSKernelData::getInstance()->getDataDescriptor(theType);
     const QPoint middle = randomPoint(kPicture.width(), kPicture.height());
-    const QPoint toEnd = randomPoint(2 * kReach, 2 * kReach) - QPoint(kReach, kReach);
     LmParamKeyframeVector values = descr->createKeyframeVector();
     descr->setValue(values, QStringLiteral("vis"), true);
     descr->setValue(values, QStringLiteral("col"), QColor(Qt::darkBlue));
     descr->setValue(values, QStringLiteral("dispv"), LmCvManipulator::theLastUsedValueName);
-    descr->setValue(values, QStringLiteral("pos"), middle);
-    descr->setValue(values, QStringLiteral("ep"), toEnd);
+    setGeometry(values, middle);
     auto* record = new LmKernelObjectData(values, descr->getKeyframeTypes(), 0);
     record->theAnimated = aAnimated;
     for (int frame = 0; aAnimated && frame < kFrames; frame += kFrames / 4)
@@ -95,12 +94,35 @@ LmKernelObjectData* BenchScene::newRecord(bool aAnimated)
     return record;
 }
 
+void BenchScene::setGeometry(LmParamKeyframeVector& aValues, const QPoint& aMiddle)
+{
+    const LmKernelObjectDataDescr* descr = LmKSKernelData::getInstance()->getDataDescriptor(theType);
+    const auto way = [this] { return randomPoint(2 * kReach, 2 * kReach) - QPoint(kReach, kReach); };
+    descr->setValue(aValues, QStringLiteral("pos"), aMiddle);
+    switch (theType) {
+    case kDistance:
+        descr->setValue(aValues, QStringLiteral("ep"), way());
+        break;
+    case kAngle:
+        descr->setValue(aValues, QStringLiteral("ep1"), way());
+        descr->setValue(aValues, QStringLiteral("ep2"), way());
+        break;
+    case kDimension: {
+        QPolygon points; // a height and a width
+        for (int i = 0; i < 2; ++i)
+            points << aMiddle << aMiddle + way();
+        descr->setValue(aValues, QStringLiteral("points"), QVariant::fromValue<QPolygon>(points));
+        break;
+    }
+    }
+}
+
 void BenchScene::create(int aCount, bool aAnimated)
 {
     QUndoStack& stack = theWorkbench.undoStack();
     stack.beginMacro(QStringLiteral("create"));
     for (int i = 0; i < aCount; ++i)
-        stack.push(new CmdCreateObject(kDistance, theNextIdx++, newRecord(aAnimated)));
+        stack.push(new CmdCreateObject(theType, theNextIdx++, newRecord(aAnimated)));
     stack.endMacro();
 }
 
@@ -121,7 +143,7 @@ void BenchScene::paintPending()
 
 LmCvObject* BenchScene::item(int aIdx)
 {
-    return LmKSKernelData::getInstance()->getCvManipulator(kDistance)->getCvObject(aIdx);
+    return LmKSKernelData::getInstance()->getCvManipulator(theType)->getCvObject(aIdx);
 }
 
 QPolygon wavyOutline(int aNodes, double aWidth, double aHeight)
@@ -142,6 +164,11 @@ QPolygon wavyOutline(int aNodes, double aWidth, double aHeight)
 void benchSizes(benchmark::internal::Benchmark* aBenchmark)
 {
     aBenchmark->Arg(100)->Arg(1000)->Arg(10000)->Arg(50000)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+void otherTypesSizes(benchmark::internal::Benchmark* aBenchmark)
+{
+    aBenchmark->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
 int runBenchmarks(int aCount, char* aArguments[])

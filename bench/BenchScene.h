@@ -10,23 +10,28 @@
 
 class LmCvObject;
 class LmKernelObjectData;
+class LmParamKeyframeVector;
+class QToolBar;
 
 /// A workbench with a picture of 4096 x 3072 pixels at fit in a viewport of 1280 x 960 and a number of
-/// labelled distances spread over it, of lengths and slopes from a seeded generator.
+/// labelled objects of one type spread over it, of lengths and slopes from a seeded generator.
 class BenchScene
 {
 public:
-    explicit BenchScene(int aCount, bool aAnimated = false);
+    enum Type { kDistance = 1102, kAngle = 1106, kDimension = 1112 };
+
+    /// The tools' docks go into the tool bar's window; without one nobody sees them.
+    explicit BenchScene(int aCount, bool aAnimated = false, Type aType = kDistance,
+                        QToolBar* aToolBar = nullptr);
     ~BenchScene();
 
-    static constexpr int kDistance = 1102; // object type
-    static constexpr int kFrames = 100;    // frames of animated objects
+    static constexpr int kFrames = 100; // frames of animated objects
 
     /// A new record of the scene's kind; the caller owns it.
     LmKernelObjectData* newRecord(bool aAnimated = false);
     /// Pushes the creation of aCount objects as one macro.
     void create(int aCount, bool aAnimated = false);
-    void showAllLabels(int aType = kDistance);
+    void showAllLabels(int aType);
     /// Paints what is marked now, without waiting for the event loop.
     void paintPending();
     LmCvObject* item(int aIdx);
@@ -41,6 +46,9 @@ protected:
     int theNextIdx = 1;
 
 private:
+    void setGeometry(LmParamKeyframeVector& aValues, const QPoint& aMiddle);
+
+    Type theType;
     QTemporaryDir theFolder;
     quint32 theSeed = 20240521;
 };
@@ -48,8 +56,9 @@ private:
 /// The points of a wavy closed outline of bent segments in a box of about that extent around (0, 0).
 QPolygon wavyOutline(int aNodes, double aWidth, double aHeight);
 
-/// The sizes that every benchmark runs at.
+/// The numbers of objects that every benchmark runs at, and those for the types beside distances.
 void benchSizes(benchmark::internal::Benchmark* aBenchmark);
+void otherTypesSizes(benchmark::internal::Benchmark* aBenchmark);
 
 /// Like BENCHMARK_MAIN, with an application and the label font.
 int runBenchmarks(int aCount, char* aArguments[]);
