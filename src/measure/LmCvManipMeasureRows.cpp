@@ -71,8 +71,8 @@ void LmCvManipMeasure::setColumnCount(int aCount)
     theCells.setColumnCount(aCount);
 }
 
-/// Adds the tool's value names in front of the blank column. Where all are there already nothing is to do:
-/// taking the blank column out and putting it back would touch every row.
+/// Adds the tool's value names in front of the blank column. Where all are there already and the blank column
+/// is as it should be nothing is to do: taking it out and putting it back would touch every row.
 void LmCvManipMeasure::mergeColumns(const LmCvManipulator& aTool)
 {
     Q3Table* table = theMeasureWidget->theTable;
@@ -80,8 +80,10 @@ void LmCvManipMeasure::mergeColumns(const LmCvManipulator& aTool)
         return !aName.isEmpty() && !theColumnNames.contains(aName);
     };
     const bool endsBlank = !theColumnNames.isEmpty() && theColumnNames.last() == kBlank;
+    const auto changes = [&](const QString& aName) { return aName == kBlank || isNew(aName); };
     if (endsBlank && theColumnNames.count(kBlank) == 1 &&
-        std::none_of(aTool.theValueNames.begin(), aTool.theValueNames.end(), isNew))
+        !theCells.isFilled(int(theColumnNames.size()) - 1) &&
+        std::none_of(aTool.theValueNames.begin(), aTool.theValueNames.end(), changes))
         return;
     if (endsBlank) {
         const int last = int(theColumnNames.size()) - 1;

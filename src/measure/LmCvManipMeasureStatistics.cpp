@@ -25,16 +25,14 @@ void LmCvManipMeasure::updateDataInCalcTable(Q3Table* aTable, LmCvManipulator*, 
     // In both tables the last column on the screen is passed over, the blank one unless the user has moved
     // it.
     const Q3Table* values = theMeasureWidget->theTable;
-    QHash<QString, int> positions;
+    QHash<QString, QList<int>> positions;
     for (int position = 0; position < values->numCols() - 1; ++position)
-        positions.insert(
-            values->horizontalHeader()->label(values->horizontalHeader()->mapToSection(position)), position);
+        positions[values->horizontalHeader()->label(values->horizontalHeader()->mapToSection(position))]
+            .append(position);
     for (int position = 0; position < aTable->numCols() - 1; ++position) {
         const Q3Header* header = aTable->horizontalHeader();
-        const auto source = positions.constFind(header->label(header->mapToSection(position)));
-        MeasuredCells::Statistics found;
-        if (source != positions.constEnd())
-            found = theCells.statistics(aTypeName, *source);
+        const MeasuredCells::Statistics found =
+            theCells.statistics(aTypeName, positions.value(header->label(header->mapToSection(position))));
         const double numbers[] = {found.theMean, found.theMin, found.theMax, found.theDeviation};
         for (int row = 0; row < 4; ++row)
             aTable->setText(row, position,

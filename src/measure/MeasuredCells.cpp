@@ -73,46 +73,41 @@ void MeasuredCells::setCell(int aRow, int aPosition, const QString& aText)
     state = aText.isEmpty() ? kEmpty : isNumber ? kNumber : kNoNumber;
 }
 
-MeasuredCells::Statistics MeasuredCells::statistics(const QString& aTypeName, int aPosition) const
+MeasuredCells::Statistics MeasuredCells::statistics(const QString& aTypeName,
+                                                    const QList<int>& aPositions) const
 {
     Statistics result;
     const int type = theTypeNumbers.value(aTypeName, -1);
-    if (type < 0)
+    std::vector<double> numbers;
+    for (size_t row = 0; row < theTypes.size(); ++row) {
+        if (theTypes[row] != type)
+            continue;
+        for (const int position : aPositions) {
+            const Column& column = theColumns[size_t(position)];
+            if (row >= column.theStates.size() || column.theStates[row] == kEmpty)
+                continue;
+            // The last filled cell names the unit, also one that is no number.
+            result.theUnit = theUnitTexts[size_t(column.theUnits[row])];
+            if (column.theStates[row] == kNumber)
+                numbers.push_back(column.theNumbers[row]);
+        }
+    }
+    if (numbers.empty())
         return result;
-    const Column& column = theColumns[size_t(aPosition)];
-    const auto counts = [&](size_t aRow) {
-        return theTypes[aRow] == type && column.theStates[aRow] == kNumber;
-    };
 
     // A maximum never falls below 0, nor a minimum above the greatest whole number of 32 bits.
+    result.theFound = true;
+    result.theMin = 4294967295.0;
     double sum = 0.0;
-    double least = 4294967295.0;
-    double most = 0.0;
-    int count = 0;
-    for (size_t row = 0; row < column.theStates.size(); ++row) {
-        if (!counts(row))
-            continue;
-        const double number = column.theNumbers[row];
+    for (const double number : numbers) {
         sum += number;
-        most = number > most ? number : most;
-        least = number < least ? number : least;
-        ++count;
+        result.theMax = number > result.theMax ? number : result.theMax;
+        result.theMin = number < result.theMin ? number : result.theMin;
     }
-    if (count == 0)
-        return result;
-    const double mean = sum / count;
+    result.theMean = sum / double(numbers.size());
     double squares = 0.0;
-    for (size_t row = 0; row < column.theStates.size(); ++row)
-        if (counts(row))
-            squares += (column.theNumbers[row] - mean) * (column.theNumbers[row] - mean);
-    result = {true, mean, least, most, std::sqrt(squares / count), QString()};
-
-    // The last filled cell names the unit, also one that is no number.
-    for (size_t row = column.theStates.size(); row-- > 0;) {
-        if (theTypes[row] != type || column.theStates[row] == kEmpty)
-            continue;
-        result.theUnit = theUnitTexts[size_t(column.theUnits[row])];
-        break;
-    }
+    for (const double number : numbers)
+        squares += (number - result.theMean) * (number - result.theMean);
+    result.theDeviation = std::sqrt(squares / double(numbers.size()));
     return result;
 }

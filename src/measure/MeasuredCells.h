@@ -2,6 +2,7 @@
 #define MEASUREDCELLS_H
 
 #include <QHash>
+#include <QList>
 #include <QString>
 
 #include <vector>
@@ -31,8 +32,9 @@ public:
     void setCell(int aRow, int aPosition, const QString& aText);
     /// Whether any cell of the column has a text.
     bool isFilled(int aPosition) const { return theColumns[size_t(aPosition)].theFilled > 0; }
-    /// Over the cells of a column in the rows of one type, in the order of the rows.
-    Statistics statistics(const QString& aTypeName, int aPosition) const;
+    /// Over the cells of columns in the rows of one type, row by row. Several columns have one heading when
+    /// the user has moved the blank one and a further blank one came.
+    Statistics statistics(const QString& aTypeName, const QList<int>& aPositions) const;
 
 private:
     enum State : unsigned char { kEmpty, kNoNumber, kNumber };
