@@ -1,8 +1,10 @@
 #include "LmCvManipMeasure.h"
 
+#include "ExactValues.h"
 #include "LmCvEditor.h"
 #include "LmKSKernelData.h"
 #include "LmKsMeasureWidget.h"
+#include "StatisticsTable.h"
 
 #include <QDockWidget>
 #include <QMainWindow>
@@ -15,6 +17,8 @@ LmCvManipMeasure::LmCvManipMeasure(QObject* aParent) : LmCvManipulator(aParent)
     table->setReadOnly(true);
     table->setSelectionMode(Q3Table::SingleRow);
     table->setColumnMovingEnabled(true);
+    StatisticsTable::makeCompact(*table);
+    new ExactValues(*this);
     QTabWidget* tabs = theMeasureWidget->theTabType;
     if (tabs->count() > 0)
         tabs->removeTab(tabs->currentIndex()); // the form's placeholder
@@ -94,7 +98,7 @@ void LmCvManipMeasure::slotManipulatorsLoadedInKernel()
 void LmCvManipMeasure::makeCalcTable(LmCvManipulator& aTool, const QString& aTypeName)
 {
     QTabWidget* tabs = theMeasureWidget->theTabType;
-    auto* table = new Q3Table(tabs);
+    auto* table = new StatisticsTable(tabs);
     table->setAccessibleName(tr("Statistics of %1").arg(aTypeName));
     theCalcTables.insert(aTypeName, table);
     tabs->insertTab(-1, table, aTool.getIconSet(aTypeName), aTypeName);

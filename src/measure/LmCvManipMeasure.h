@@ -9,6 +9,7 @@
 
 class LmKsMeasureWidget;
 class Q3Table;
+class QIODevice;
 class QTextStream;
 
 /// The tool "Measure_window". It draws nothing: it owns the window in which every object of every measuring
@@ -39,6 +40,8 @@ public:
     /// Writes the values of all rows as tab-separated text in the locale's encoding; false if the file can't
     /// be opened.
     bool saveDataAsText(const QString& aPath);
+    /// The same to an open device. Also called by name, by a program that doesn't know this class.
+    Q_INVOKABLE void writeDataAsText(QIODevice* aDevice);
 
     LmKsMeasureWidget* theMeasureWidget = nullptr; // owned by the dock
     QCursor theMeasureCursor;                      // shown by nobody

@@ -29,8 +29,14 @@ bool LmCvManipMeasure::saveDataAsText(const QString& aPath)
     QFile file(aPath);
     if (!file.open(QIODevice::WriteOnly))
         return false;
+    writeDataAsText(&file);
+    return true;
+}
+
+void LmCvManipMeasure::writeDataAsText(QIODevice* aDevice)
+{
     const LmKSKernelData* kernel = LmKSKernelData::getInstance();
-    QTextStream stream(&file);
+    QTextStream stream(aDevice);
     stream.setEncoding(QStringConverter::System);
     QString calibration;
     stream << tr("Media file:") << '\t' << kernel->theMediaFile << '\n'
@@ -42,7 +48,6 @@ bool LmCvManipMeasure::saveDataAsText(const QString& aPath)
     const Q3Table* table = theMeasureWidget->theTable;
     for (int row = 0; row < table->numRows(); ++row)
         writeRow(stream, table->verticalHeader()->label(row));
-    return true;
 }
 
 void LmCvManipMeasure::writeRow(QTextStream& aStream, const QString& aRowKey)
