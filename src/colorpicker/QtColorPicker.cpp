@@ -2,6 +2,26 @@
 
 #include "QtColorPickerPopup.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace {
+
+/// The point, or the nearest one at which the popup is wholly on the screen.
+QPoint onScreen(const QPoint& aPoint, const QSize& aSize)
+{
+    const QScreen* screen = QGuiApplication::screenAt(aPoint);
+    if (!screen)
+        return aPoint;
+    const QRect area = screen->availableGeometry();
+    return {std::max(area.left(), std::min(aPoint.x(), area.right() + 1 - aSize.width())),
+            std::max(area.top(), std::min(aPoint.y(), area.bottom() + 1 - aSize.height()))};
+}
+
+} // namespace
+
 QColor QtColorPicker::getColor(const QPoint& aPoint, bool aAllowCustomColors)
 {
     const struct
@@ -31,7 +51,7 @@ QColor QtColorPicker::getColor(const QPoint& aPoint, bool aAllowCustomColors)
     int index = 0;
     for (const auto& [color, text] : kColors)
         popup.insertColor(color, tr(text), index++);
-    popup.move(aPoint);
+    popup.move(onScreen(aPoint, popup.sizeHint()));
     popup.exec();
     return popup.lastSelected();
 }

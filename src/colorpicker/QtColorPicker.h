@@ -12,8 +12,8 @@ class QtColorPicker
     Q_DECLARE_TR_FUNCTIONS(QtColorPicker)
 
 public:
-    /// Shows 17 colours at a point of the screen, and a button for all others if aAllowCustomColors. A popup
-    /// that is closed without a choice gives black.
+    /// Shows 17 colours at a point of the screen, as far as they fit there, and a button for all others if
+    /// aAllowCustomColors. A popup that is closed without a choice gives black.
     static QColor getColor(const QPoint& aPoint, bool aAllowCustomColors);
 };
 

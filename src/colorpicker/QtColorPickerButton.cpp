@@ -1,6 +1,7 @@
 #include "QtColorPickerButton.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace {
@@ -50,9 +51,13 @@ void QtColorPickerButton::mouseMoveEvent(QMouseEvent*)
     setFocus();
 }
 
-void QtColorPickerButton::mouseReleaseEvent(QMouseEvent*)
+// A press that was drawn away from the button is taken back.
+void QtColorPickerButton::mouseReleaseEvent(QMouseEvent* aEvent)
 {
-    click();
+    if (rect().contains(aEvent->pos()))
+        click();
+    else
+        setPressed(false);
 }
 
 // The arrow keys and Escape go on to the popup.

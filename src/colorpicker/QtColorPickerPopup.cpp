@@ -85,13 +85,23 @@ void QtColorPickerPopup::exec()
     eventLoop = nullptr;
 }
 
+/// The first by columns and then by rows.
+ColorPickerItem* QtColorPickerPopup::firstSelected() const
+{
+    for (int column = 0; isFilled(0, column); ++column)
+        for (int row = 0; isFilled(row, column); ++row) {
+            auto* item = qobject_cast<ColorPickerItem*>(widgetAt.value(row).value(column));
+            if (item && item->isSelected())
+                return item;
+        }
+    return nullptr;
+}
+
 void QtColorPickerPopup::showEvent(QShowEvent* aEvent)
 {
     QFrame::showEvent(aEvent);
-    const auto chosen = std::find_if(items.begin(), items.end(),
-                                     [](const ColorPickerItem* aItem) { return aItem->isSelected(); });
-    if (chosen != items.end())
-        (*chosen)->setFocus();
+    if (ColorPickerItem* chosen = firstSelected())
+        chosen->setFocus();
     else if (!items.isEmpty())
         widgetAt[0][0]->setFocus();
     else
@@ -210,7 +220,9 @@ void QtColorPickerPopup::getColorFromDialog()
     theAsking = false;
     if (!color.isValid())
         return;
-    insertColor(color, tr("Custom"), -1);
-    lastSel = color;
-    Q_EMIT selected(color);
+    // A colour that was chosen by hue and saturation would be another than its equal on the grid.
+    const QColor chosen = QColor::fromRgba(color.rgba());
+    insertColor(chosen, tr("Custom"), -1);
+    lastSel = chosen;
+    Q_EMIT selected(chosen);
 }

@@ -56,6 +56,7 @@ private:
     };
 
     ColorPickerItem* find(const QColor& aColor) const;
+    ColorPickerItem* firstSelected() const;
     void regenerateGrid();
     Cell focusCell() const;
     bool isFilled(int aRow, int aColumn) const;
