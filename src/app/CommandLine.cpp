@@ -10,9 +10,10 @@ struct Option
 };
 
 const Option kOptions[] = {
-    {"--values", CommandLine::kValues, 1},   {"--render", CommandLine::kRender, 2},
-    {"--help", CommandLine::kHelp, 0},       {"-h", CommandLine::kHelp, 0},
-    {"--version", CommandLine::kVersion, 0}, {"-v", CommandLine::kVersion, 0},
+    {"--values", CommandLine::kValues, 1}, {"--export", CommandLine::kExport, 2},
+    {"--render", CommandLine::kRender, 2}, {"--help", CommandLine::kHelp, 0},
+    {"-h", CommandLine::kHelp, 0},         {"--version", CommandLine::kVersion, 0},
+    {"-v", CommandLine::kVersion, 0},
 };
 
 const Option* findOption(const QString& aArgument)
@@ -87,6 +88,7 @@ QString CommandLine::helpText()
         "\n"
         "measuretools [FILE]                 open a picture or a project in a window\n"
         "measuretools --values FILE          print the values of all objects, separated by tabs\n"
+        "measuretools --export FILE OUT.txt  write the table of all objects, as the window exports it\n"
         "measuretools --render FILE OUT.png  write the picture with the objects burned in\n"
         "measuretools --help                 print this text\n"
         "measuretools --version              print the version\n"

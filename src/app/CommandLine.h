@@ -15,6 +15,7 @@ public:
         kWindow, // open theInput, or the sample without one
         kValues, // print the values of theInput
         kRender, // write the picture of theInput to theOutput
+        kExport, // write the table of theInput's objects to theOutput
         kHelp,
         kVersion,
         kError // theText tells what is wrong

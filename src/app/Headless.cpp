@@ -2,12 +2,18 @@
 
 #include "CommandLine.h"
 #include "Document.h"
+#include "LmCvManipulator.h"
 #include "PictureRenderer.h"
 #include "ValueReport.h"
 #include "Workbench.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QTextStream>
+
+#include <algorithm>
 
 namespace {
 
@@ -27,13 +33,52 @@ bool printValues(Workbench& aBench, QTextStream& aOut, QString& aError)
     return flushed(aOut, aError);
 }
 
+/// The tool that shows the table of all objects is known by what it can do, not by its class.
+LmCvManipulator* tableTool(const Workbench& aBench)
+{
+    const QList<LmCvManipulator*>& tools = aBench.tools();
+    const auto found = std::find_if(tools.begin(), tools.end(), [](const LmCvManipulator* aTool) {
+        return aTool->metaObject()->indexOfMethod("writeDataAsText(QIODevice*)") >= 0;
+    });
+    return found == tools.end() ? nullptr : *found;
+}
+
+bool exportTable(const Workbench& aBench, const QString& aPath, QString& aError)
+{
+    LmCvManipulator* tool = tableTool(aBench);
+    if (!tool) {
+        aError = QCoreApplication::translate(
+            "Headless", "The measuring tools have no table to export; install the whole program again.");
+        return false;
+    }
+    QFile file(aPath);
+    if (file.open(QIODevice::WriteOnly)) {
+        QMetaObject::invokeMethod(tool, "writeDataAsText", Q_ARG(QIODevice*, &file));
+        file.close();
+        if (file.error() == QFileDevice::NoError)
+            return true;
+    }
+    aError =
+        QCoreApplication::translate("Headless", "The table %1 can't be written (%2); choose another folder.")
+            .arg(QDir::toNativeSeparators(aPath), file.errorString());
+    return false;
+}
+
 bool runOn(const CommandLine& aLine, QTextStream& aOut, QString& aError)
 {
+    if (!aLine.theOutput.isEmpty() && QFileInfo(aLine.theInput) == QFileInfo(aLine.theOutput)) {
+        aError = QCoreApplication::translate("Headless",
+                                             "The output would overwrite %1; choose another name for it.")
+                     .arg(QDir::toNativeSeparators(aLine.theInput));
+        return false;
+    }
     Workbench bench;
     if (!bench.loadTools(nullptr, aError) || !bench.document().open(aLine.theInput, aError))
         return false;
     if (aLine.theAction == CommandLine::kValues)
         return printValues(bench, aOut, aError);
+    if (aLine.theAction == CommandLine::kExport)
+        return exportTable(bench, aLine.theOutput, aError);
     // Values follow from the objects alone, but a picture to draw them on has to be there; aError tells why
     // it isn't.
     return !bench.document().isPictureMissing() &&
@@ -46,6 +91,7 @@ bool Headless::run(const CommandLine& aLine, QTextStream& aOut, QString& aError)
 {
     switch (aLine.theAction) {
     case CommandLine::kValues:
+    case CommandLine::kExport:
     case CommandLine::kRender:
         return runOn(aLine, aOut, aError);
     case CommandLine::kHelp:

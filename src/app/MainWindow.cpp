@@ -7,6 +7,7 @@
 #include "FileCommands.h"
 #include "FrameBar.h"
 #include "ItemMenu.h"
+#include "LmAppSettings.h"
 #include "LmCvEditor.h"
 #include "LmCvObject.h"
 #include "LmCvSelection.h"
@@ -22,10 +23,12 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDir>
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -33,7 +36,14 @@ namespace {
 
 constexpr QLatin1String kGeometryKey("window/geometry");
 constexpr QLatin1String kStateKey("window/state");
+constexpr QLatin1String kExportKey("lastExport");
 constexpr double kFirstSizeOfScreen = 0.8; // of the screen's width and height
+
+QString firstExportFile()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(folder).filePath(MainWindow::tr("measurements") + QStringLiteral(".txt"));
+}
 
 } // namespace
 
@@ -139,13 +149,7 @@ void MainWindow::connectCalibration()
 
 void MainWindow::addDocks()
 {
-    // Those of the tools.
-    const auto docks = findChildren<QDockWidget*>();
-    for (QDockWidget* dock : docks) {
-        addDockWidget(Qt::BottomDockWidgetArea, dock);
-        dock->toggleViewAction()->setStatusTip(tr("Shows or hides the table of all objects and their values"));
-        theActions.theViewMenu->addAction(dock->toggleViewAction());
-    }
+    addToolDocks();
     auto* frames =
         new FrameBar(theBench.media(), *theActions.thePreviousFrame, *theActions.theNextFrame, this);
     addToolBar(Qt::BottomToolBarArea, frames);
@@ -163,12 +167,27 @@ void MainWindow::addDocks()
                                         theActions.theToolBar->toggleViewAction()});
 }
 
+void MainWindow::addToolDocks()
+{
+    const auto docks = findChildren<QDockWidget*>();
+    for (QDockWidget* dock : docks) {
+        addDockWidget(Qt::BottomDockWidgetArea, dock);
+        dock->toggleViewAction()->setStatusTip(
+            tr("Shows or hides the table of all objects and their values"));
+        theActions.theViewMenu->addAction(dock->toggleViewAction());
+    }
+    if (!docks.isEmpty())
+        docks.first()->toggleViewAction()->setShortcut(QKeySequence(tr("Ctrl+T")));
+}
+
+/// All bars and docks have to be there, since only those are put in their places.
 void MainWindow::restoreLayout()
 {
     const QSettings settings;
     if (!restoreGeometry(settings.value(kGeometryKey).toByteArray()))
         resize(screen()->availableSize() * kFirstSizeOfScreen);
     restoreState(settings.value(kStateKey).toByteArray());
+    LmAppSettings::theLastExcelFile = settings.value(kExportKey, firstExportFile()).toString();
 }
 
 void MainWindow::pictureOpened()
@@ -216,6 +235,7 @@ void MainWindow::closeEvent(QCloseEvent* aEvent)
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
     settings.setValue(kStateKey, saveState());
+    settings.setValue(kExportKey, LmAppSettings::theLastExcelFile);
     QMainWindow::closeEvent(aEvent);
 }
 

@@ -43,6 +43,7 @@ private:
     void connectViewActions();
     void connectCalibration();
     void addDocks();
+    void addToolDocks();
     void restoreLayout();
     void pictureOpened();
     void updateTitle();

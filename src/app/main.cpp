@@ -62,8 +62,8 @@ int main(int aCount, char* aArguments[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler(keepFatalOnly);
     } else if (!hasDisplay()) {
-        return failed(
-            CommandLine::tr("There is no display for a window; use --values or --render (see --help)."));
+        return failed(CommandLine::tr(
+            "There is no display for a window; use --values, --export or --render (see --help)."));
     }
 
     const QApplication application(aCount, aArguments);
