@@ -5,7 +5,6 @@
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
 
-#include <QCoreApplication>
 #include <QUndoStack>
 
 #include <algorithm>
@@ -38,12 +37,13 @@ KeyframePath::Path KeyframePath::ofEnd(LmKernelObjectData& aRecord, int aPointPa
     return path;
 }
 
-void KeyframePath::paste(QUndoStack* aStack, int aType, int aIdx, const QList<QPair<int, Path>>& aPaths)
+void KeyframePath::paste(QUndoStack* aStack, const QString& aText, int aType, int aIdx,
+                         const QList<QPair<int, Path>>& aPaths)
 {
     const LmKernelObjectData* record = LmKSKernelData::getInstance()->getObject(aType, aIdx);
     if (!aStack || !record)
         return;
-    aStack->beginMacro(QCoreApplication::translate("KeyframePath", "Setting animation"));
+    aStack->beginMacro(aText);
     for (const auto& [param, path] : aPaths) {
         Path keyframes = path;
         aStack->push(new CmdSetAnimation(aType, aIdx, param, keyframes));

@@ -33,7 +33,8 @@ Path ofEnd(LmKernelObjectData& aRecord, int aPointParam, int aVectorParam,
 
 /// Gives parameters of an object their paths, in this order, and lets it follow the frames: one undo step.
 /// The canvas follows through the kernel's signals.
-void paste(QUndoStack* aStack, int aType, int aIdx, const QList<QPair<int, Path>>& aPaths);
+void paste(QUndoStack* aStack, const QString& aText, int aType, int aIdx,
+           const QList<QPair<int, Path>>& aPaths);
 
 } // namespace KeyframePath
 

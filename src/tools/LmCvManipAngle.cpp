@@ -153,8 +153,7 @@ void LmCvManipAngle::startSecondStroke()
 
 void LmCvManipAngle::finishDrawing()
 {
-    storeNewItem(theCurrent, theLastUsedValueName);
-    theCurrent = nullptr;
+    storeNewItem(std::exchange(theCurrent, nullptr), theLastUsedValueName);
     endDrawing();
 }
 
@@ -170,7 +169,7 @@ void LmCvManipAngle::endDrawing()
 
 void LmCvManipAngle::forgetItem(const Q3CanvasItem* aItem)
 {
-    if (aItem != theCurrent || !theCurrent)
+    if (aItem != theCurrent)
         return;
     theCurrent = nullptr;
     endDrawing();

@@ -80,5 +80,5 @@ void LmCvManipAngle::pasteAnimKeyframes(const LmCvObject* aObject, const QPoint&
             for (const int vector : {kEp1, kEp2})
                 paths.append({vector, vectorsFrom(theClipboardKeyframes, *record, kPos, vector)});
     }
-    KeyframePath::paste(theUndoStack, theObjectType, index, paths);
+    KeyframePath::paste(theUndoStack, tr("Setting animation"), theObjectType, index, paths);
 }

@@ -197,12 +197,12 @@ void LmCvManipDim::mouseReleaseEvent(QMouseEvent* aEvent)
 {
     if (!theCurrent)
         return;
-    LmCvDimension* drawn = theCurrent;
+    const bool drewSegment = showsNewSegment();
+    LmCvDimension* drawn = std::exchange(theCurrent, nullptr);
     if (theNewSegment == 0)
         storeNewItem(drawn, theDispValueName);
-    else if (showsNewSegment()) // an Alt click draws no width
+    else if (drewSegment) // an Alt click draws no width
         slotCanvasObjectChanged(drawn);
-    theCurrent = nullptr;
     tellHint();
     aEvent->accept();
 }

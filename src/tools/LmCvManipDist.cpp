@@ -122,9 +122,7 @@ void LmCvManipDist::mouseReleaseEvent(QMouseEvent* aEvent)
 {
     if (!theCurrent)
         return;
-    LmCvDistance* drawn = theCurrent;
-    storeNewItem(drawn, theLastUsedValueName);
-    theCurrent = nullptr;
+    storeNewItem(std::exchange(theCurrent, nullptr), theLastUsedValueName);
     aEvent->accept();
 }
 

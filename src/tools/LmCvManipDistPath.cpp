@@ -47,7 +47,8 @@ void LmCvManipDist::pasteAnimKeyframes(const LmCvObject* aObject, const QPoint& 
     if (!item->isPointOnArrow(aPoint, end, kArrowTolerance)) {
         int node = 0;
         if (item->isPointOnObject(aPoint, node, kLineTolerance))
-            KeyframePath::paste(theUndoStack, theObjectType, index, {{kPos, theClipboardKeyframes}});
+            KeyframePath::paste(theUndoStack, tr("Setting animation"), theObjectType, index,
+                                {{kPos, theClipboardKeyframes}});
         return;
     }
 
@@ -64,5 +65,6 @@ void LmCvManipDist::pasteAnimKeyframes(const LmCvObject* aObject, const QPoint& 
         posPath.append(LmParamKeyframe(frame, newPos));
         epPath.append(LmParamKeyframe(frame, PointMath::difference(atStart ? still : moved, newPos)));
     }
-    KeyframePath::paste(theUndoStack, theObjectType, index, {{kPos, posPath}, {kEp, epPath}});
+    KeyframePath::paste(theUndoStack, tr("Setting animation"), theObjectType, index,
+                        {{kPos, posPath}, {kEp, epPath}});
 }

@@ -124,6 +124,12 @@ void TestDimensionRecord::redoneItemHasNoValueOnItsLabel()
     f.theStack.redo();
     QCOMPARE(QPolygon(f.item(1)->thePoints), QPolygon({QPoint(20, 20), QPoint(20, 120)}));
     QCOMPARE(f.shown(1), QString());
+    f.record(1)->storeValue(DimensionFixture::kDispv, -1, QStringLiteral("Height"));
+    f.theStack.undo();
+    f.theStack.redo();
+    QCOMPARE(f.stored(DimensionFixture::kType, 1, DimensionFixture::kDispv).toString(),
+             QStringLiteral("Height"));
+    QCOMPARE(f.shown(1), QString());
 }
 
 void TestDimensionRecord::redoneItemIsShownWhateverItsRecordSays()

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void altClickLeavesEverythingAsItWas();
     void shiftSnapsTheWidth();
     void undoOfAWidthRestoresTheEarlierPoints();
+    void deleteNeverTakesASingleWidth();
     void widthKeepsValueColourAndVisibility();
     void labelIsBlankDuringTheDrag();
     void dimensionOfSevenPointsTakesOneMore();
@@ -218,6 +219,22 @@ void TestDimensionWidths::undoOfAWidthRestoresTheEarlierPoints()
     f.theStack.redo();
     QCOMPARE(f.item(1)->thePoints.size(), 6);
     QCOMPARE(f.item(1)->thePoints[5], QPoint(170, 80));
+}
+
+void TestDimensionWidths::deleteNeverTakesASingleWidth()
+{
+    DimensionFixture& f = *theFixture;
+    f.altDrag(QPoint(60, 40), QPoint(160, 40));
+    f.theEditor.setCurrentManipulator(nullptr);
+    for (const QPoint& part : {QPoint(110, 40), QPoint(164, 40)}) { // the line of the width and a handle
+        f.click(part);
+        QCOMPARE(f.theEditor.theCurrentTrack, f.item(1));
+        f.key(Qt::Key_Delete);
+        QCOMPARE(f.recordCount(), 0);
+        QCOMPARE(f.itemCount(), 0);
+        f.theStack.undo();
+        QCOMPARE(f.points(1).size(), 4);
+    }
 }
 
 void TestDimensionWidths::widthKeepsValueColourAndVisibility()
