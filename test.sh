@@ -39,12 +39,13 @@ run_lint() {
     mapfile -d '' -t sources < <(git ls-files -z -- '*.cpp' '*.h')
     clang-format --dry-run -Werror "${sources[@]}" || fail "clang-format -i on these files mends their layout."
     configure release
-    build release # what moc makes is included by the tests
+    build release # what is generated is included
     export -f tidy
+    # Not the tests: they are most of the code, and the compiler's warnings, which are errors, say nearly as much of them.
     # shellcheck disable=SC2016 # the inner shell expands it
-    git ls-files -z -- '*.cpp' | xargs -0 -n 1 -P "$(nproc)" bash -c 'tidy "$1"' tidy ||
+    git ls-files -z -- 'src/*.cpp' 'bench/*.cpp' 'resources/*.cpp' | xargs -0 -n 1 -P "$(nproc)" bash -c 'tidy "$1"' tidy ||
         fail "clang-tidy found the above."
-    say "clang-format and clang-tidy find nothing in ${#sources[@]} files."
+    say "clang-format finds nothing in ${#sources[@]} files, clang-tidy nothing outside the tests."
 }
 
 case "$#:${1-}" in
