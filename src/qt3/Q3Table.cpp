@@ -3,6 +3,7 @@
 #include "Q3TableModel.h"
 
 #include <QItemSelectionModel>
+#include <QMouseEvent>
 
 #include <algorithm>
 #include <functional>
@@ -166,6 +167,16 @@ void Q3Table::clearSelection(bool)
 bool Q3Table::isRowSelected(int aRow) const
 {
     return selectionModel()->rowIntersectsSelection(aRow);
+}
+
+// The selection may have been cleared since, and the current cell stays: a press on it is a choice all the
+// same.
+void Q3Table::mousePressEvent(QMouseEvent* aEvent)
+{
+    const QPersistentModelIndex former = currentIndex();
+    QTableView::mousePressEvent(aEvent);
+    if (former.isValid() && currentIndex() == former && indexAt(aEvent->pos()) == former)
+        tellCurrent(former);
 }
 
 void Q3Table::tellCurrent(const QModelIndex& aCurrent)

@@ -58,10 +58,12 @@ public:
     QWidget* clipper() const { return viewport(); }
 
 Q_SIGNALS:
+    /// Another cell is current, or the user has pressed the current one again.
     void currentChanged(int aRow, int aPosition);
 
 protected:
     using QTableView::currentChanged;
+    void mousePressEvent(QMouseEvent* aEvent) override;
 
 private:
     QModelIndex cell(int aRow, int aPosition) const;

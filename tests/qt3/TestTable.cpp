@@ -28,6 +28,7 @@ private Q_SLOTS:
     void currentCellIsTold();
     void blockedTableTellsNothing();
     void clickSelectsTheRow();
+    void clickOnTheCurrentCellTellsItAgain();
     void clearedSelectionKeepsTheCurrentRow();
     void readOnlyTableCantBeEdited();
     void verticalHeaderIsAsWideAsItsLongestLabel();
@@ -292,6 +293,31 @@ void TestTable::clickSelectsTheRow()
     QCOMPARE(told.count(), 1);
     QCOMPARE(told.first(), (QList<QVariant>{1, 1}));
     QVERIFY(table.isRowSelected(1));
+}
+
+void TestTable::clickOnTheCurrentCellTellsItAgain()
+{
+    Q3Table table;
+    fill(table, 3);
+    table.setSelectionMode(Q3Table::SingleRow);
+    table.resize(500, 300);
+    table.show();
+    const auto pointIn = [&](int aRow, int aSection) {
+        return QPoint(table.horizontalHeader()->sectionViewportPosition(aSection) + 5,
+                      table.verticalHeader()->sectionViewportPosition(aRow) + 5);
+    };
+    table.setCurrentCell(1, 1);
+    table.clearSelection(true);
+    QSignalSpy told(&table, SIGNAL(currentChanged(int, int)));
+    QTest::mouseClick(table.clipper(), Qt::LeftButton, {}, pointIn(1, 1));
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told.first(), (QList<QVariant>{1, 1}));
+    QVERIFY(table.isRowSelected(1));
+    QTest::mouseClick(table.clipper(), Qt::LeftButton, {}, pointIn(2, 1));
+    QCOMPARE(told.count(), 2);
+    // A press below all rows is none on the current cell.
+    QTest::mouseClick(table.clipper(), Qt::LeftButton, {}, pointIn(2, 1) + QPoint(0, table.rowHeight(2)));
+    QCOMPARE(told.count(), 2);
 }
 
 void TestTable::clearedSelectionKeepsTheCurrentRow()
