@@ -37,7 +37,8 @@ namespace {
 constexpr QLatin1String kGeometryKey("window/geometry");
 constexpr QLatin1String kStateKey("window/state");
 constexpr QLatin1String kExportKey("lastExport");
-constexpr double kFirstSizeOfScreen = 0.8; // of the screen's width and height
+constexpr double kFirstHeightOfDocks = 0.45; // of the window's height; the picture has most of the rest
+constexpr double kFirstSizeOfScreen = 0.8;   // of the screen's width and height
 
 QString firstExportFile()
 {
@@ -186,7 +187,12 @@ void MainWindow::restoreLayout()
     const QSettings settings;
     if (!restoreGeometry(settings.value(kGeometryKey).toByteArray()))
         resize(screen()->availableSize() * kFirstSizeOfScreen);
-    restoreState(settings.value(kStateKey).toByteArray());
+    if (!restoreState(settings.value(kStateKey).toByteArray())) {
+        const auto docks = findChildren<QDockWidget*>();
+        for (QDockWidget* dock : docks)
+            if (dockWidgetArea(dock) == Qt::BottomDockWidgetArea)
+                resizeDocks({dock}, {int(height() * kFirstHeightOfDocks)}, Qt::Vertical);
+    }
     LmAppSettings::theLastExcelFile = settings.value(kExportKey, firstExportFile()).toString();
 }
 

@@ -10,7 +10,8 @@ private Q_SLOTS:
     void nothingOpensAWindow();
     void oneFileOpensAWindowWithIt();
     void valuesTakeOneFile();
-    void renderTakesTwoFiles();
+    void renderAndExportTakeTwoFiles_data();
+    void renderAndExportTakeTwoFiles();
     void helpAndVersionTakeNone_data();
     void helpAndVersionTakeNone();
     void orderOfOptionAndFilesIsFree();
@@ -44,11 +45,20 @@ void TestCommandLine::valuesTakeOneFile()
     QVERIFY(line.theOutput.isEmpty());
 }
 
-void TestCommandLine::renderTakesTwoFiles()
+void TestCommandLine::renderAndExportTakeTwoFiles_data()
 {
-    const CommandLine line =
-        CommandLine::parse({QStringLiteral("--render"), QStringLiteral("a.mtp"), QStringLiteral("b.png")});
-    QCOMPARE(line.theAction, CommandLine::kRender);
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<int>("action");
+    QTest::newRow("render") << QStringLiteral("--render") << int(CommandLine::kRender);
+    QTest::newRow("export") << QStringLiteral("--export") << int(CommandLine::kExport);
+}
+
+void TestCommandLine::renderAndExportTakeTwoFiles()
+{
+    QFETCH(QString, argument);
+    QFETCH(int, action);
+    const CommandLine line = CommandLine::parse({argument, QStringLiteral("a.mtp"), QStringLiteral("b.png")});
+    QCOMPARE(int(line.theAction), action);
     QVERIFY(!line.needsWindow());
     QCOMPARE(line.theInput, QStringLiteral("a.mtp"));
     QCOMPARE(line.theOutput, QStringLiteral("b.png"));
@@ -101,6 +111,8 @@ void TestCommandLine::wrongArgumentsAreTold_data()
     QTest::newRow("no file") << QStringList{QStringLiteral("--values")} << QStringLiteral("--values");
     QTest::newRow("one of two files")
         << QStringList{QStringLiteral("--render"), QStringLiteral("a.mtp")} << QStringLiteral("--render");
+    QTest::newRow("no table") << QStringList{QStringLiteral("--export"), QStringLiteral("a.mtp")}
+                              << QStringLiteral("--export");
     QTest::newRow("a file too many") << QStringList{QStringLiteral("a.png"), QStringLiteral("b.png")}
                                      << QStringLiteral("b.png");
     QTest::newRow("empty name") << QStringList{QStringLiteral("--values"), QString()}
@@ -122,7 +134,7 @@ void TestCommandLine::wrongArgumentsAreTold()
 void TestCommandLine::helpNamesEveryForm()
 {
     const QString help = CommandLine::helpText();
-    for (const char* form : {"--values", "--render", "--help", "--version", "[FILE]", "exit status"})
+    for (const char* form : {"--values", "--export", "--render", "--help", "--version", "[FILE]", "exit status"})
         QVERIFY2(help.contains(QLatin1String(form)), form);
     for (const QString& line : help.split(QLatin1Char('\n')))
         QVERIFY2(line.size() <= 110, qPrintable(line));

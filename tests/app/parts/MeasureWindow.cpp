@@ -16,6 +16,11 @@
 
 MeasureWindow::MeasureWindow()
 {
+    calibrate();
+}
+
+void MeasureWindow::calibrate()
+{
     kernel().setCalibration(QStringLiteral("ruler"), LmCalibData{40.0, QStringLiteral("mm")});
     kernel().setCurrentCalibration(QStringLiteral("ruler"));
 }

@@ -16,6 +16,9 @@ class MeasureWindow : public WindowFixture
 public:
     MeasureWindow();
 
+    /// Calibrates again, after another picture was opened.
+    void calibrate();
+
     /// The tool that owns the dock.
     LmCvManipulator& tool();
     QDockWidget& dock();
