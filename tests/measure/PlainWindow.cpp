@@ -77,12 +77,8 @@ void PlainWindow::writeRow(int aRow, LmCvManipulator* aTool, const LmKernelObjec
 {
     QStringList units;
     const QLinkedList<QVariant> values = aTool->getValues(theNames, aData, units);
-    int i = 0;
-    for (const QVariant& value : values) {
-        if (aRow >= 0 && i < theColumns.size())
-            theColumns[i].theCells[aRow] = valueText(value, units.value(i));
-        ++i;
-    }
+    for (int i = 0; i < values.size() && i < theColumns.size() && aRow >= 0; ++i)
+        theColumns[i].theCells[aRow] = valueText(*std::next(values.begin(), i), units.value(i));
 }
 
 void PlainWindow::writeAllOf(int aType, LmCvManipulator* aTool)
@@ -294,8 +290,9 @@ QStringList PlainWindow::fourTexts(const QList<double>& aNumbers, const QString&
     double squares = 0.0;
     for (const double number : aNumbers)
         squares += (number - mean) * (number - mean);
+    const double deviation = std::sqrt(squares / double(aNumbers.size()));
     QStringList texts;
-    for (const double number : {mean, least, most, std::sqrt(squares / double(aNumbers.size()))})
+    for (const double number : {mean, least, most, deviation})
         texts << cut(QString::number(number, 'g', 6)) + QLatin1Char(' ') + aUnit;
     return texts;
 }
