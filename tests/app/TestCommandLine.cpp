@@ -134,7 +134,8 @@ void TestCommandLine::wrongArgumentsAreTold()
 void TestCommandLine::helpNamesEveryForm()
 {
     const QString help = CommandLine::helpText();
-    for (const char* form : {"--values", "--export", "--render", "--help", "--version", "[FILE]", "exit status"})
+    for (const char* form :
+         {"--values", "--export", "--render", "--help", "--version", "[FILE]", "exit status"})
         QVERIFY2(help.contains(QLatin1String(form)), form);
     for (const QString& line : help.split(QLatin1Char('\n')))
         QVERIFY2(line.size() <= 110, qPrintable(line));

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QPainter>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -35,8 +36,12 @@ private Q_SLOTS:
     void withoutCustomColorsThereIsNoButton();
     void customColorIsAddedAndStaysOpen();
     void customColorOfTheGridIsSelected();
+    void colorByHueIsTheSameAsOnTheGrid();
     void cancelledDialogChangesNothing();
     void keysOnTheButtonClickIt();
+    void pressDrawnAwayFromTheButtonIsTakenBack();
+    void focusStartsAtTheFirstSelectedByColumns();
+    void popupStaysOnTheScreen();
     void fixedColumnsAreKept();
     void indexInsertsInBetween();
     void popupIsReadByAScreenReader();
@@ -313,6 +318,23 @@ void TestColorPicker::customColorOfTheGridIsSelected()
     QCOMPARE(color, QColor(Qt::yellow));
 }
 
+void TestColorPicker::colorByHueIsTheSameAsOnTheGrid()
+{
+    const QColor color = choose([](QtColorPickerPopup* aPopup) {
+        ModalAnswer answer([](QWidget* aDialog) {
+            auto* dialog = qobject_cast<QColorDialog*>(aDialog);
+            QVERIFY(dialog);
+            dialog->setCurrentColor(QColor::fromHsv(60, 255, 255));
+            dialog->accept();
+        });
+        QTest::mouseClick(aPopup->moreButton, Qt::LeftButton);
+        QVERIFY(answer.isDone());
+        QCOMPARE(aPopup->items.size(), 17);
+        QVERIFY(aPopup->items[12]->isSelected());
+    });
+    QCOMPARE(color, QColor(Qt::yellow));
+}
+
 void TestColorPicker::cancelledDialogChangesNothing()
 {
     const QColor color = choose([](QtColorPickerPopup* aPopup) {
@@ -348,6 +370,54 @@ void TestColorPicker::keysOnTheButtonClickIt()
     QKeyEvent arrow(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier);
     QApplication::sendEvent(&button, &arrow);
     QVERIFY(!arrow.isAccepted()); // goes on to the popup
+}
+
+void TestColorPicker::pressDrawnAwayFromTheButtonIsTakenBack()
+{
+    QtColorPickerButton button(nullptr);
+    button.show();
+    QSignalSpy clicked(&button, &QtColorPickerButton::clicked);
+    QTest::mousePress(&button, Qt::LeftButton);
+    QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(button.width() + 3, 4));
+    QCOMPARE(clicked.count(), 0);
+    QCOMPARE(button.frameShadow(), QFrame::Raised);
+}
+
+void TestColorPicker::focusStartsAtTheFirstSelectedByColumns()
+{
+    QtColorPickerPopup popup(3, false, nullptr);
+    fill(popup);
+    popup.items[1]->setSelected(true); // second column, first row
+    popup.items[6]->setSelected(true); // first column, third row
+    popup.show();
+    QVERIFY(popup.items[6]->hasFocus());
+    popup.hide();
+    popup.items[6]->setSelected(false);
+    popup.show();
+    QVERIFY(popup.items[1]->hasFocus());
+    popup.hide();
+    popup.items[1]->setSelected(false);
+    popup.show();
+    QVERIFY(popup.items[0]->hasFocus());
+}
+
+void TestColorPicker::popupStaysOnTheScreen()
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QFrame other(nullptr, Qt::Popup);
+    other.move(100, 80);
+    other.show();
+    const QPoint frame = other.pos() - QPoint(100, 80); // of the platform, around any popup
+    other.hide();
+    QRect place;
+    QTimer::singleShot(0, [&] {
+        QWidget* popup = QApplication::activePopupWidget();
+        QVERIFY(popup);
+        place = QRect(popup->pos() - frame, popup->size());
+        popup->hide();
+    });
+    QtColorPicker::getColor(screen.bottomRight(), true);
+    QCOMPARE(place.bottomRight(), screen.bottomRight());
 }
 
 void TestColorPicker::fixedColumnsAreKept()
