@@ -38,7 +38,7 @@ void ColorPickerItem::mouseMoveEvent(QMouseEvent*)
     setFocus();
 }
 
-// A release that the press of another swatch began belongs to the popup, which looks where it happens.
+// The swatch on which the button went down is chosen, wherever it is let go.
 void ColorPickerItem::mouseReleaseEvent(QMouseEvent*)
 {
     setSelected(true);

@@ -5,8 +5,6 @@
 #include "MeasuredCells.h"
 #include "RowIndex.h"
 
-#include <functional>
-
 class LmKsMeasureWidget;
 class Q3Table;
 class QIODevice;
@@ -68,9 +66,16 @@ private:
     // Of getCvObjectFlags.
     enum Flag { kFollowsFramesFlag = 128, kMeasuredFlag = 512 };
 
+    struct Measured
+    {
+        LmCvManipulator* theTool = nullptr;
+        LmCvObject* theItem = nullptr; // null where there is no object
+    };
+
     void makeDock();
     void makeCalcTable(LmCvManipulator& aTool, const QString& aTypeName);
     LmCvManipulator* measuringTool(int aType) const; // null for a type that has no place in this window
+    Measured findMeasured(const QString& aRowKey) const;
     int findRow(const QString& aName, int aIdx) const;
     void mergeColumns(const LmCvManipulator& aTool);
     void appendRow(const QString& aRowKey, int aType, int aIdx);
@@ -80,8 +85,8 @@ private:
     void updateAllOf(int aType, LmCvManipulator* aTool);
     void refreshCalcTable(LmCvManipulator* aTool, const QString& aTypeName);
     void showCalcTable(const QString& aTypeName);
-    void rewriteRows(int aFlags, const std::function<bool(const LmKernelObjectData&)>& aIsMeant);
-    void act(int aEntry, LmCvManipulator& aTool, LmCvObject* aItem, const QPoint& aGlobalPos);
+    void rewriteRows(int aFlags, bool aOnlyAnimated);
+    void act(int aEntry, const QString& aRowKey, const QPoint& aGlobalPos);
     void writeRow(QTextStream& aStream, const QString& aRowKey);
     bool askForExportFile(QString& aPath);
 

@@ -9,14 +9,19 @@
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 
+LmCvManipMeasure::Measured LmCvManipMeasure::findMeasured(const QString& aRowKey) const
+{
+    const auto key = theRowKeys.constFind(aRowKey);
+    if (key == theRowKeys.constEnd())
+        return {};
+    LmCvManipulator* tool = theKernelData->getCvManipulator(key->first);
+    return {tool, tool ? tool->getCvObject(key->second) : nullptr};
+}
+
 void LmCvManipMeasure::slotTableCurrentChanged(int aRow, int)
 {
-    const auto key = theRowKeys.constFind(theMeasureWidget->theTable->verticalHeader()->label(aRow));
-    if (key == theRowKeys.constEnd() || !theCvEditor)
-        return;
-    LmCvManipulator* tool = theKernelData->getCvManipulator(key->first);
-    LmCvObject* item = tool ? tool->getCvObject(key->second) : nullptr;
-    if (!item)
+    LmCvObject* item = findMeasured(theMeasureWidget->theTable->verticalHeader()->label(aRow)).theItem;
+    if (!item || !theCvEditor)
         return;
     {
         const QScopedValueRollback<bool> selfChange(theSelfChange, true);

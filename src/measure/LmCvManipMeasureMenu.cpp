@@ -27,14 +27,12 @@ enum Entry {
 
 void LmCvManipMeasure::slotContextMenu(const QPoint& aGlobalPos, const int aRow)
 {
-    const auto key = theRowKeys.constFind(theMeasureWidget->theTable->verticalHeader()->label(aRow));
-    LmCvManipulator* tool =
-        key == theRowKeys.constEnd() ? nullptr : theKernelData->getCvManipulator(key->first);
-    LmCvObject* item = tool ? tool->getCvObject(key->second) : nullptr;
-    if (!item)
+    const QString key = theMeasureWidget->theTable->verticalHeader()->label(aRow);
+    const Measured object = findMeasured(key);
+    if (!object.theItem)
         return;
     Q3PopupMenu menu;
-    const int flags = tool->getCvObjectFlags(item);
+    const int flags = object.theTool->getCvObjectFlags(object.theItem);
     if (flags & kColor)
         menu.insertItem(tr("Set color"), kSetColorEntry);
     if (flags & kVisibility) {
@@ -50,41 +48,44 @@ void LmCvManipMeasure::slotContextMenu(const QPoint& aGlobalPos, const int aRow)
     }
     if (flags & kCustom) {
         menu.insertSeparator();
-        const QLinkedList<QPair<QString, int>> actions = tool->getCustomActions();
+        const QLinkedList<QPair<QString, int>> actions = object.theTool->getCustomActions();
         for (const auto& [text, number] : actions)
             menu.insertItem(text, number + kFirstCustomEntry);
     }
     const QAction* chosen = menu.exec(aGlobalPos, menu.actions().value(0));
-    act(menu.findIdForAction(chosen), *tool, item, aGlobalPos);
+    act(menu.findIdForAction(chosen), key, aGlobalPos);
 }
 
-// A menu that is dismissed has the number -1; it goes where custom actions go, which know no such action.
-void LmCvManipMeasure::act(int aEntry, LmCvManipulator& aTool, LmCvObject* aItem, const QPoint& aGlobalPos)
+// The object may go while a menu or the colours stand. A menu that is dismissed has the number -1; it goes
+// where custom actions go, which know no such action.
+void LmCvManipMeasure::act(int aEntry, const QString& aRowKey, const QPoint& aGlobalPos)
 {
-    switch (aEntry) {
-    case kSetColorEntry: {
-        const QColor color = QtColorPicker::getColor(aGlobalPos, true);
-        if (color.isValid())
-            aTool.setColorCvObject(aItem, color);
+    const QColor color = aEntry == kSetColorEntry ? QtColorPicker::getColor(aGlobalPos, true) : QColor();
+    const auto [tool, item] = findMeasured(aRowKey);
+    if (!item)
         return;
-    }
+    switch (aEntry) {
+    case kSetColorEntry:
+        if (color.isValid())
+            tool->setColorCvObject(item, color);
+        return;
     case kHideEntry:
-        aTool.showCvObject(aItem, false);
+        tool->showCvObject(item, false);
         return;
     case kShowEntry:
-        aTool.showCvObject(aItem, true);
+        tool->showCvObject(item, true);
         return;
     case kShowAllEntry:
         if (theCvEditor)
             theCvEditor->slotShowAllCvItems();
         return;
     case kPropertiesEntry:
-        aTool.editCvObject(aItem, aGlobalPos);
+        tool->editCvObject(item, aGlobalPos);
         return;
     case kDeleteEntry:
-        aTool.removeCvObject(aItem);
+        tool->removeCvObject(item);
         return;
     default:
-        aTool.actionOnCvObject(aItem, aGlobalPos, aEntry - kFirstCustomEntry);
+        tool->actionOnCvObject(item, aGlobalPos, aEntry - kFirstCustomEntry);
     }
 }

@@ -42,7 +42,10 @@ int LmCvManipMeasure::findRowInTable(const LmCvObject* aItem) const
 
 void LmCvManipMeasure::setCell(int aRow, int aPosition, const QString& aText)
 {
-    theMeasureWidget->theTable->setText(aRow, aPosition, aText);
+    Q3Table* table = theMeasureWidget->theTable;
+    if (table->text(aRow, aPosition) == aText)
+        return;
+    table->setText(aRow, aPosition, aText);
     theCells.setCell(aRow, aPosition, aText);
 }
 
@@ -214,26 +217,25 @@ void LmCvManipMeasure::removeEmptyColumn()
 
 void LmCvManipMeasure::slotAfterCalibrationChangedInKernel(const QString&, const LmCalibData&)
 {
-    rewriteRows(kMeasuredFlag, [](const LmKernelObjectData&) { return true; });
+    rewriteRows(kMeasuredFlag, false);
 }
 
 // The window follows a video only when it stops. Still objects keep their rows.
 void LmCvManipMeasure::slotFrameReadyStopInKernel(Int64)
 {
-    rewriteRows(kMeasuredFlag | kFollowsFramesFlag,
-                [](const LmKernelObjectData& aRecord) { return aRecord.theAnimated; });
+    rewriteRows(kMeasuredFlag | kFollowsFramesFlag, true);
 }
 
-/// Writes the rows of the objects that aIsMeant names anew, over all tools with the flags, and their
+/// Writes the rows of all objects or of the animated ones anew, over all tools with the flags, and their
 /// statistics.
-void LmCvManipMeasure::rewriteRows(int aFlags, const std::function<bool(const LmKernelObjectData&)>& aIsMeant)
+void LmCvManipMeasure::rewriteRows(int aFlags, bool aOnlyAnimated)
 {
     for (auto type = theKernelData->theObjects.cbegin(); type != theKernelData->theObjects.cend(); ++type) {
         LmCvManipulator* tool = measuringTool(type.key());
         if (!tool || (tool->getCvObjectFlags(nullptr) & aFlags) != aFlags)
             continue;
         for (auto record = type->cbegin(); record != type->cend(); ++record)
-            if (aIsMeant(**record))
+            if ((*record)->theAnimated || !aOnlyAnimated)
                 updateDataInRow(findRowInTable(type.key(), record.key(), tool), tool, *record);
         const QStringList typeNames = tool->getObjectTypeNames();
         for (const QString& typeName : typeNames)

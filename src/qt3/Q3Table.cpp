@@ -156,7 +156,8 @@ void Q3Table::setCurrentCell(int aRow, int aPosition)
 void Q3Table::selectRow(int aRow)
 {
     if (aRow >= 0 && aRow < numRows())
-        QTableView::selectRow(aRow);
+        selectionModel()->setCurrentIndex(theModel->index(aRow, std::max(currentIndex().column(), 0)),
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void Q3Table::clearSelection(bool)

@@ -1,21 +1,18 @@
 #include "LmCvManipAngle.h"
 
 #include "ArmDirection.h"
-#include "CanvasEvent.h"
 #include "DegreeValue.h"
 #include "LmCvAngle.h"
 #include "LmCvEditor.h"
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
 #include "PointMath.h"
-#include "SegmentGeometry.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 
 namespace {
 
-const QPoint kRulerEnd(7, 24);   // hot spot of the cursor: the ruler's lower left end
 const QPoint kFirstArms(10, 10); // from the press until the first move; an arm needs a length
 constexpr double kHalfTurn = 3.141592653589793;
 
@@ -23,13 +20,11 @@ constexpr double kHalfTurn = 3.141592653589793;
 
 LmCvManipAngle::LmCvManipAngle(QObject* aParent) : LmCvObjectTool(LmCvAngle::kRtti, aParent)
 {
-    loadCursor(QStringLiteral(":/AngleCursor.png"), kRulerEnd);
+    loadRulerCursor(QStringLiteral(":/AngleCursor.png"));
 }
 
-LmCvManipAngle::LmCvManipAngle(QToolBar* aToolBar, QObject* aParent)
-    : LmCvObjectTool(LmCvAngle::kRtti, aToolBar, aParent)
+LmCvManipAngle::LmCvManipAngle(QToolBar* aToolBar, QObject* aParent) : LmCvManipAngle(aParent)
 {
-    loadCursor(QStringLiteral(":/AngleCursor.png"), kRulerEnd);
     LmCvManipAngle::initManipulator(aToolBar);
 }
 
@@ -50,17 +45,7 @@ QList<ParamDescr> LmCvManipAngle::geometryParams() const
             {QStringLiteral("ep2"), QMetaType::QPoint, ParamDescr::kBlended}};
 }
 
-QStringList LmCvManipAngle::getObjectTypeNames()
-{
-    return {tr("Angle")};
-}
-
-QString LmCvManipAngle::getObjectName(int)
-{
-    return tr("Angle");
-}
-
-QString LmCvManipAngle::getObjectName(const LmCvObject*)
+QString LmCvManipAngle::typeName() const
 {
     return tr("Angle");
 }
@@ -125,9 +110,7 @@ void LmCvManipAngle::mouseMoveEvent(QMouseEvent* aEvent)
         aEvent->ignore();
         return;
     }
-    QPoint point = aEvent->pos();
-    if (CanvasEvent::holds(*aEvent, Qt::ShiftModifier))
-        point = SegmentGeometry::snapped(thePressPoint, point);
+    const QPoint point = drawnPoint(*aEvent);
     theCurrent->setPoints(thePressPoint, point, theStage == kFirstStroke ? point : theCurrent->theEnd2);
     updateDisplayValue(theCurrent, theLastUsedValueName, false, true);
     aEvent->accept();

@@ -23,13 +23,10 @@ public:
     /// to aA. An arm of length 0 points to the right.
     static double calcAngle(const QPoint& aVertex, const QPoint& aA, const QPoint& aB);
 
-    QStringList getObjectTypeNames() override;
     QVariant getValue(const QString& aName, const LmCvObject* aObject, QString& aUnit) override;
     using LmCvManipulator::getValues;
     QLinkedList<QVariant> getValues(const QStringList& aNames, const LmKernelObjectData* aData,
                                     QStringList& aUnits) override;
-    QString getObjectName(int aIdx) override;
-    QString getObjectName(const LmCvObject* aObject) override;
     void mousePressEvent(QMouseEvent* aEvent) override;
     void mouseReleaseEvent(QMouseEvent* aEvent) override;
     void mouseMoveEvent(QMouseEvent* aEvent) override;
@@ -53,6 +50,7 @@ public:
     int theStage = kFirstStroke;     // of the drawing; the mouse is grabbed for all of the second stroke
 
 protected:
+    QString typeName() const override;
     Texts texts() const override;
     QList<ParamDescr> geometryParams() const override;
     LmCvObject* newItem(const QString& aLabel) override;

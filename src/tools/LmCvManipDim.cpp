@@ -6,7 +6,6 @@
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
 #include "PointMath.h"
-#include "SegmentGeometry.h"
 
 #include <QMouseEvent>
 
@@ -16,29 +15,21 @@ namespace {
 
 constexpr int kDimensionType = LmCvDimension::kRtti;
 constexpr int kMostPoints = 8; // a height and three widths
-const QPoint kRulerEnd(7, 24); // hot spot of the cursor: the ruler's lower left end
 
 } // namespace
 
 LmCvManipDim::LmCvManipDim(QObject* aParent) : LmCvObjectTool(kDimensionType, aParent)
 {
-    initShared();
+    loadRulerCursor(QStringLiteral(":/DimCursor.png"));
+    qRegisterMetaType<Q3PointArray>("Q3PointArray");
 }
 
-LmCvManipDim::LmCvManipDim(QToolBar* aToolBar, QObject* aParent)
-    : LmCvObjectTool(kDimensionType, aToolBar, aParent)
+LmCvManipDim::LmCvManipDim(QToolBar* aToolBar, QObject* aParent) : LmCvManipDim(aParent)
 {
-    initShared();
     LmCvManipDim::initManipulator(aToolBar);
 }
 
 LmCvManipDim::~LmCvManipDim() = default;
-
-void LmCvManipDim::initShared()
-{
-    loadCursor(QStringLiteral(":/DimCursor.png"), kRulerEnd);
-    qRegisterMetaType<Q3PointArray>("Q3PointArray");
-}
 
 LmCvObjectTool::Texts LmCvManipDim::texts() const
 {
@@ -56,17 +47,7 @@ QList<ParamDescr> LmCvManipDim::geometryParams() const
             {QStringLiteral("points"), QMetaType::QPolygon, ParamDescr::kBlended}};
 }
 
-QStringList LmCvManipDim::getObjectTypeNames()
-{
-    return {tr("Dimension")};
-}
-
-QString LmCvManipDim::getObjectName(int)
-{
-    return tr("Dimension");
-}
-
-QString LmCvManipDim::getObjectName(const LmCvObject*)
+QString LmCvManipDim::typeName() const
 {
     return tr("Dimension");
 }
@@ -176,9 +157,7 @@ void LmCvManipDim::mouseMoveEvent(QMouseEvent* aEvent)
         aEvent->ignore();
         return;
     }
-    QPoint point = aEvent->pos();
-    if (CanvasEvent::holds(*aEvent, Qt::ShiftModifier))
-        point = SegmentGeometry::snapped(thePressPoint, point);
+    const QPoint point = drawnPoint(*aEvent);
     if (!findNewSegment()) {
         abortAction();
         aEvent->accept();

@@ -21,7 +21,6 @@ public:
     LmCvManipDim(QToolBar* aToolBar, QObject* aParent);
     ~LmCvManipDim() override;
 
-    QStringList getObjectTypeNames() override;
     /// The live figure of a drag. It knows the widths by the last digit of their names and the average under
     /// "Avg Width", without the dot; "Height" and "Avg. Width" are invalid, so that a label that shows one of
     /// them goes blank while its dimension is dragged.
@@ -32,8 +31,6 @@ public:
     /// widths: widths drawn in opposite directions cancel out.
     QLinkedList<QVariant> getValues(const QStringList& aNames, const LmKernelObjectData* aData,
                                     QStringList& aUnits) override;
-    QString getObjectName(int aIdx) override;
-    QString getObjectName(const LmCvObject* aObject) override;
     void setCvEditor(LmCvEditor* aEditor) override;
     void mousePressEvent(QMouseEvent* aEvent) override;
     void mouseReleaseEvent(QMouseEvent* aEvent) override;
@@ -53,6 +50,7 @@ public Q_SLOTS:
     void slotObjectChangedInKernel(int aType, int aIdx, const LmKernelObjectData* aData) override;
 
 protected:
+    QString typeName() const override;
     Texts texts() const override;
     QList<ParamDescr> geometryParams() const override;
     LmCvObject* newItem(const QString& aLabel) override;
@@ -66,7 +64,6 @@ protected:
 private:
     enum Param { kPos = kFirstOwnParam, kPoints };
 
-    void initShared();
     LmCvDimension* currentDimension() const;
     LmCvDimension* extensible() const;
     bool showsNewSegment() const;

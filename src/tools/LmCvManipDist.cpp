@@ -1,13 +1,11 @@
 #include "LmCvManipDist.h"
 
-#include "CanvasEvent.h"
 #include "DegreeValue.h"
 #include "LmCvDistance.h"
 #include "LmCvEditor.h"
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
 #include "PointMath.h"
-#include "SegmentGeometry.h"
 
 #include <QMouseEvent>
 
@@ -16,7 +14,6 @@
 namespace {
 
 constexpr int kDistanceType = 1102;
-const QPoint kRulerEnd(7, 24); // hot spot of the cursor: the ruler's lower left end
 
 double slopeDegrees(double aDx, double aDy)
 {
@@ -27,13 +24,11 @@ double slopeDegrees(double aDx, double aDy)
 
 LmCvManipDist::LmCvManipDist(QObject* aParent) : LmCvObjectTool(kDistanceType, aParent)
 {
-    loadCursor(QStringLiteral(":/DimCursor.png"), kRulerEnd);
+    loadRulerCursor(QStringLiteral(":/DimCursor.png"));
 }
 
-LmCvManipDist::LmCvManipDist(QToolBar* aToolBar, QObject* aParent)
-    : LmCvObjectTool(kDistanceType, aToolBar, aParent)
+LmCvManipDist::LmCvManipDist(QToolBar* aToolBar, QObject* aParent) : LmCvManipDist(aParent)
 {
-    loadCursor(QStringLiteral(":/DimCursor.png"), kRulerEnd);
     LmCvManipDist::initManipulator(aToolBar);
 }
 
@@ -53,17 +48,7 @@ QList<ParamDescr> LmCvManipDist::geometryParams() const
             {QStringLiteral("ep"), QMetaType::QPoint, ParamDescr::kBlended}};
 }
 
-QStringList LmCvManipDist::getObjectTypeNames()
-{
-    return {tr("Distance")};
-}
-
-QString LmCvManipDist::getObjectName(int)
-{
-    return tr("Distance");
-}
-
-QString LmCvManipDist::getObjectName(const LmCvObject*)
+QString LmCvManipDist::typeName() const
 {
     return tr("Distance");
 }
@@ -110,9 +95,7 @@ void LmCvManipDist::mouseMoveEvent(QMouseEvent* aEvent)
         aEvent->ignore();
         return;
     }
-    QPoint point = aEvent->pos();
-    if (CanvasEvent::holds(*aEvent, Qt::ShiftModifier))
-        point = SegmentGeometry::snapped(thePressPoint, point);
+    const QPoint point = drawnPoint(*aEvent);
     theCurrent->setPoints(thePressPoint, point);
     updateDisplayValue(theCurrent, theLastUsedValueName, false, true);
     aEvent->accept();

@@ -19,13 +19,10 @@ public:
     LmCvManipDist(QToolBar* aToolBar, QObject* aParent);
     ~LmCvManipDist() override;
 
-    QStringList getObjectTypeNames() override;
     QVariant getValue(const QString& aName, const LmCvObject* aObject, QString& aUnit) override;
     using LmCvManipulator::getValues;
     QLinkedList<QVariant> getValues(const QStringList& aNames, const LmKernelObjectData* aData,
                                     QStringList& aUnits) override;
-    QString getObjectName(int aIdx) override;
-    QString getObjectName(const LmCvObject* aObject) override;
     void mousePressEvent(QMouseEvent* aEvent) override;
     void mouseReleaseEvent(QMouseEvent* aEvent) override;
     void mouseMoveEvent(QMouseEvent* aEvent) override;
@@ -41,6 +38,7 @@ public:
     LmCvDistance* theCurrent = nullptr; // being drawn, null between drawings; owned by the canvas
 
 protected:
+    QString typeName() const override;
     Texts texts() const override;
     QList<ParamDescr> geometryParams() const override;
     LmCvObject* newItem(const QString& aLabel) override;

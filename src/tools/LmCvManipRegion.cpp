@@ -153,17 +153,7 @@ int LmCvManipRegion::getCvObjectFlags(LmCvObject*)
     return kRegionFlags;
 }
 
-QStringList LmCvManipRegion::getObjectTypeNames()
-{
-    return {tr("Region")};
-}
-
-QString LmCvManipRegion::getObjectName(int)
-{
-    return tr("Region");
-}
-
-QString LmCvManipRegion::getObjectName(const LmCvObject*)
+QString LmCvManipRegion::typeName() const
 {
     return tr("Region");
 }

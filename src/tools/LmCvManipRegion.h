@@ -29,15 +29,12 @@ public:
     void initManipulator(QToolBar* aToolBar) override;
     int getCvObjectFlags(LmCvObject* aObject) override;
     QStringList getAnimatedValueNames() override;
-    QStringList getObjectTypeNames() override;
     QIcon& getIconSet(const QString& aType) override;
     QIcon& getAutoCreationIconSet(const QString& aType) override;
     using LmCvManipulator::getValues;
     QLinkedList<QVariant> getValues(const QStringList& aNames, const LmKernelObjectData* aData,
                                     QStringList& aUnits) override;
     QLinkedList<LmParamKeyframe> getAnimation(const QString& aName, int aIdx, QString& aUnit) override;
-    QString getObjectName(int aIdx) override;
-    QString getObjectName(const LmCvObject* aObject) override;
     /// Brings the tool back with the button of its mode.
     void makeCurrent() override;
     void mouseLeaveEvent(QEvent* aEvent) override;
@@ -90,6 +87,7 @@ public Q_SLOTS:
 protected:
     enum Param { kClosed = kFirstOwnParam, kPoints, kStates, kPos };
 
+    QString typeName() const override;
     Texts texts() const override;
     QList<ParamDescr> geometryParams() const override;
     LmCvObject* newItem(const QString& aLabel) override;

@@ -1,5 +1,6 @@
 #include "LmCvObjectTool.h"
 
+#include "CanvasEvent.h"
 #include "CmdChangeObject.h"
 #include "CmdCreateObject.h"
 #include "LmAppSettings.h"
@@ -8,7 +9,9 @@
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
 #include "LmKernelObjectDataDescr.h"
+#include "SegmentGeometry.h"
 
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QToolButton>
 
@@ -28,17 +31,33 @@ LmCvObjectTool::LmCvObjectTool(int aObjectType, QObject* aParent) : LmCvManipula
     theObjectType = aObjectType;
 }
 
-LmCvObjectTool::LmCvObjectTool(int aObjectType, QToolBar* aToolBar, QObject* aParent)
-    : LmCvManipulator(aToolBar, aParent)
-{
-    theObjectType = aObjectType;
-}
-
 LmCvObjectTool::~LmCvObjectTool() = default;
 
-void LmCvObjectTool::loadCursor(const QString& aFile, const QPoint& aHotSpot)
+void LmCvObjectTool::loadRulerCursor(const QString& aFile)
 {
-    theToolCursor = QCursor(QPixmap(aFile), aHotSpot.x(), aHotSpot.y());
+    theToolCursor = QCursor(QPixmap(aFile), 7, 24);
+}
+
+QStringList LmCvObjectTool::getObjectTypeNames()
+{
+    return {typeName()};
+}
+
+QString LmCvObjectTool::getObjectName(int)
+{
+    return typeName();
+}
+
+QString LmCvObjectTool::getObjectName(const LmCvObject*)
+{
+    return typeName();
+}
+
+QPoint LmCvObjectTool::drawnPoint(const QMouseEvent& aEvent) const
+{
+    const QPoint point = aEvent.pos();
+    return CanvasEvent::holds(aEvent, Qt::ShiftModifier) ? SegmentGeometry::snapped(thePressPoint, point)
+                                                         : point;
 }
 
 int LmCvObjectTool::getCvObjectFlags(LmCvObject*)

@@ -29,7 +29,10 @@ public:
 
     void initManipulator(QToolBar* aToolBar) override;
     int getCvObjectFlags(LmCvObject* aObject) override;
+    QStringList getObjectTypeNames() override;
     QIcon& getIconSet(const QString& aType) override;
+    QString getObjectName(int aIdx) override;
+    QString getObjectName(const LmCvObject* aObject) override;
     void setCvEditor(LmCvEditor* aEditor) override;
     void recreateCanvasObjects(QPoint aOrigin, long long aFrame, bool aAll) override;
     void constructDataObject(const QDomElement& aElement, QProgressDialog* aProgress) override;
@@ -57,10 +60,11 @@ protected:
     using NamedValues = QList<QPair<QString, QVariant>>;
 
     LmCvObjectTool(int aObjectType, QObject* aParent);
-    LmCvObjectTool(int aObjectType, QToolBar* aToolBar, QObject* aParent);
-    void loadCursor(const QString& aFile, const QPoint& aHotSpot);
+    /// One of the cursors of a ruler, whose lower left end points.
+    void loadRulerCursor(const QString& aFile);
 
     // What differs between the tools.
+    virtual QString typeName() const = 0; // what the user calls an object
     virtual Texts texts() const = 0;
     /// The parameters behind the three common ones.
     virtual QList<ParamDescr> geometryParams() const = 0;
@@ -75,6 +79,8 @@ protected:
     virtual void beforeChange(const LmCvObject* aItem, int aIdx, const LmKernelObjectData& aRecord);
 
     // Steps of drawing a new object.
+    /// The position of a move, with Shift in one of the eight main directions from thePressPoint; canvas.
+    QPoint drawnPoint(const QMouseEvent& aEvent) const;
     /// Whether the kernel took the tool's type and there is a canvas; a tool without both makes no items.
     bool canDraw() const;
     /// Gives a new item its colour and calibration, makes it current and shows it.

@@ -1,5 +1,4 @@
 #include "Q3Table.h"
-#include "Q3ValueList.h"
 #include "TestFont.h"
 
 #include <QRandomGenerator>
@@ -371,9 +370,6 @@ void TestTable::headersMapSectionsAndPositions()
     header->setLabel(0, QStringLiteral("wide"), 123);
     QCOMPARE(header->sectionSize(0), 123);
     QCOMPARE(labels(table), (QStringList{"b", "c", "wide"}));
-    Q3ValueList<double> list;
-    list.append(1.5);
-    QCOMPARE(list.size(), 1);
 }
 
 // The same steps on columns that simply stand in the order of the screen.
