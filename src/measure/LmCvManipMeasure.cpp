@@ -101,6 +101,7 @@ void LmCvManipMeasure::makeCalcTable(LmCvManipulator& aTool, const QString& aTyp
     auto* table = new StatisticsTable(tabs);
     table->setAccessibleName(tr("Statistics of %1").arg(aTypeName));
     theCalcTables.insert(aTypeName, table);
+    fillWhenRead(table, aTypeName);
     tabs->insertTab(-1, table, aTool.getIconSet(aTypeName), aTypeName);
     const QStringList columns = QStringList(aTool.theValueNames) << QStringLiteral(" ");
     const int count = int(columns.size());

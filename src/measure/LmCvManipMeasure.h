@@ -65,6 +65,7 @@ protected Q_SLOTS:
 private:
     // Of getCvObjectFlags.
     enum Flag { kFollowsFramesFlag = 128, kMeasuredFlag = 512 };
+    static constexpr int kManyRows = 100; // from here on statistics wait until they are read
 
     struct Measured
     {
@@ -83,7 +84,9 @@ private:
     void setColumnCount(int aCount);
     void setCell(int aRow, int aPosition, const QString& aText);
     void updateAllOf(int aType, LmCvManipulator* aTool);
-    void refreshCalcTable(LmCvManipulator* aTool, const QString& aTypeName);
+    void refreshCalcTable(const QString& aTypeName);
+    void fillStaleCalcTables() const;
+    void fillWhenRead(Q3Table* aTable, const QString& aTypeName);
     void showCalcTable(const QString& aTypeName);
     void rewriteRows(int aFlags, bool aOnlyAnimated);
     void act(int aEntry, const QString& aRowKey, const QPoint& aGlobalPos);

@@ -53,6 +53,7 @@ void LmCvManipMeasure::slotCanvasObjectCurrent(LmCvObject* aItem)
 // The cells stay as they are; later values go by the new order.
 void LmCvManipMeasure::slotColumnMoved(int, int aFromPosition, int aToPosition)
 {
+    fillStaleCalcTables();
     theCells.moveColumn(aFromPosition, aToPosition);
     const Q3Table* table = theMeasureWidget->theTable;
     const Q3Header* header = table->horizontalHeader();

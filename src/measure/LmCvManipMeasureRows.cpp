@@ -62,6 +62,7 @@ void LmCvManipMeasure::updateDataInRow(int aRow, LmCvManipulator* aTool, const L
 
 void LmCvManipMeasure::updateAllOf(int aType, LmCvManipulator* aTool)
 {
+    fillStaleCalcTables();
     const QMap<int, LmKernelObjectData*> records = theKernelData->getObjectsOfType(aType);
     for (auto it = records.cbegin(); it != records.cend(); ++it)
         if (const int row = findRowInTable(aType, it.key(), aTool); row >= 0)
@@ -88,6 +89,7 @@ void LmCvManipMeasure::mergeColumns(const LmCvManipulator& aTool)
         !theCells.isFilled(int(theColumnNames.size()) - 1) &&
         std::none_of(aTool.theValueNames.begin(), aTool.theValueNames.end(), changes))
         return;
+    fillStaleCalcTables();
     if (endsBlank) {
         const int last = int(theColumnNames.size()) - 1;
         table->setColumnStretchable(last, false);
@@ -147,7 +149,7 @@ void LmCvManipMeasure::slotObjectCreatedInKernel(const int aType, const int aIdx
         updateDataInRow(row, tool, aData);
         table->selectRow(row);
     }
-    refreshCalcTable(tool, name);
+    refreshCalcTable(name);
     showCalcTable(name);
 }
 
@@ -162,7 +164,7 @@ void LmCvManipMeasure::slotObjectChangedInKernel(const int aType, const int aIdx
         updateAllOf(aType, tool);
     else
         updateDataInRow(row, tool, aData);
-    refreshCalcTable(tool, tool->getObjectName(aIdx));
+    refreshCalcTable(tool->getObjectName(aIdx));
 }
 
 void LmCvManipMeasure::slotObjectBeforeRemoveInKernel(const int aType, const int aIdx)
@@ -172,7 +174,7 @@ void LmCvManipMeasure::slotObjectBeforeRemoveInKernel(const int aType, const int
     if (row < 0)
         return;
     removeRow(row);
-    refreshCalcTable(tool, tool->getObjectName(aIdx));
+    refreshCalcTable(tool->getObjectName(aIdx));
     Q3Table* table = theMeasureWidget->theTable;
     if (table->numRows() == 0)
         return;
@@ -204,6 +206,7 @@ void LmCvManipMeasure::removeEmptyColumn()
     }
     if (empty.isEmpty())
         return;
+    fillStaleCalcTables();
     Q3MemArray<int> positions;
     for (const auto& [position, label] : empty) {
         theColumnNames.removeAll(label);
@@ -239,7 +242,7 @@ void LmCvManipMeasure::rewriteRows(int aFlags, bool aOnlyAnimated)
                 updateDataInRow(findRowInTable(type.key(), record.key(), tool), tool, *record);
         const QStringList typeNames = tool->getObjectTypeNames();
         for (const QString& typeName : typeNames)
-            refreshCalcTable(tool, typeName);
+            refreshCalcTable(typeName);
     }
 }
 

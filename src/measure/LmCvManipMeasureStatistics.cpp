@@ -4,6 +4,8 @@
 #include "CellText.h"
 #include "LmKsMeasureWidget.h"
 
+#include <QPointer>
+
 namespace {
 
 QString statisticText(double aNumber, const QString& aUnit)
@@ -14,21 +16,35 @@ QString statisticText(double aNumber, const QString& aUnit)
 
 } // namespace
 
-void LmCvManipMeasure::refreshCalcTable(LmCvManipulator* aTool, const QString& aTypeName)
+void LmCvManipMeasure::refreshCalcTable(const QString& aTypeName)
 {
     if (Q3Table* table = theCalcTables.value(aTypeName))
-        updateDataInCalcTable(table, aTool, aTypeName);
+        theRowKeys.size() < kManyRows ? updateDataInCalcTable(table, nullptr, aTypeName) : table->setStale();
+}
+
+// What statistics say is settled when they are refreshed. Called before cells or columns change without that.
+void LmCvManipMeasure::fillStaleCalcTables() const
+{
+    for (const Q3Table* table : theCalcTables)
+        table->text(0, 0);
+}
+
+// Statistics cost a pass over all rows, so with many rows they are made when somebody looks at them.
+void LmCvManipMeasure::fillWhenRead(Q3Table* aTable, const QString& aTypeName)
+{
+    aTable->setFill([tool = QPointer<LmCvManipMeasure>(this), aTable, aTypeName] {
+        if (tool)
+            tool->updateDataInCalcTable(aTable, nullptr, aTypeName);
+    });
 }
 
 void LmCvManipMeasure::updateDataInCalcTable(Q3Table* aTable, LmCvManipulator*, const QString& aTypeName)
 {
     // In both tables the last column on the screen is passed over, the blank one unless the user has moved
     // it.
-    const Q3Table* values = theMeasureWidget->theTable;
     QHash<QString, QList<int>> positions;
-    for (int position = 0; position < values->numCols() - 1; ++position)
-        positions[values->horizontalHeader()->label(values->horizontalHeader()->mapToSection(position))]
-            .append(position);
+    for (int position = 0; position < theColumnNames.size() - 1; ++position)
+        positions[theColumnNames[position]].append(position);
     for (int position = 0; position < aTable->numCols() - 1; ++position) {
         const Q3Header* header = aTable->horizontalHeader();
         const MeasuredCells::Statistics found =

@@ -79,6 +79,7 @@ MeasuredCells::Statistics MeasuredCells::statistics(const QString& aTypeName,
     Statistics result;
     const int type = theTypeNumbers.value(aTypeName, -1);
     std::vector<double> numbers;
+    int unit = -1;
     for (size_t row = 0; row < theTypes.size(); ++row) {
         if (theTypes[row] != type)
             continue;
@@ -87,13 +88,14 @@ MeasuredCells::Statistics MeasuredCells::statistics(const QString& aTypeName,
             if (row >= column.theStates.size() || column.theStates[row] == kEmpty)
                 continue;
             // The last filled cell names the unit, also one that is no number.
-            result.theUnit = theUnitTexts[size_t(column.theUnits[row])];
+            unit = column.theUnits[row];
             if (column.theStates[row] == kNumber)
                 numbers.push_back(column.theNumbers[row]);
         }
     }
     if (numbers.empty())
         return result;
+    result.theUnit = theUnitTexts[size_t(unit)];
 
     // A maximum never falls below 0, nor a minimum above the greatest whole number of 32 bits.
     result.theFound = true;

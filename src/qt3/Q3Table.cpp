@@ -94,6 +94,16 @@ void Q3Table::setText(int aRow, int aPosition, const QString& aText)
     theModel->setText(aRow, theHorizontalHeader->mapToSection(aPosition), aText);
 }
 
+void Q3Table::setFill(const std::function<void()>& aFill)
+{
+    theModel->setFill(aFill);
+}
+
+void Q3Table::setStale()
+{
+    theModel->setStale();
+}
+
 void Q3Table::setColumnLabels(const QStringList& aLabels)
 {
     for (int position = 0; position < std::min(int(aLabels.size()), numCols()); ++position)

@@ -6,6 +6,8 @@
 
 #include <QTableView>
 
+#include <functional>
+
 class Q3TableModel;
 
 /// A table of texts. Columns are counted by their position on the screen in every operation: text(row, p) is
@@ -33,6 +35,9 @@ public:
     /// Empty for a cell that isn't there; setText does nothing there.
     QString text(int aRow, int aPosition) const;
     void setText(int aRow, int aPosition, const QString& aText);
+    /// For cells that are costly to work out: after setStale aFill is called once, before any cell is read.
+    void setFill(const std::function<void()>& aFill);
+    void setStale();
     /// One label a position; those behind the list stay.
     void setColumnLabels(const QStringList& aLabels);
     /// A stretchable column or row takes up the spare room.

@@ -1,5 +1,7 @@
 #include "Q3TableModel.h"
 
+#include <QSignalBlocker>
+
 Q3TableModel::Q3TableModel(QObject* aParent) : QAbstractTableModel(aParent) {}
 
 Q3TableModel::~Q3TableModel() = default;
@@ -19,8 +21,26 @@ bool Q3TableModel::isCell(int aRow, int aColumn) const
     return aRow >= 0 && aRow < rowCount() && aColumn >= 0 && aColumn < columnCount();
 }
 
+void Q3TableModel::setStale()
+{
+    if (theStale || !theFill)
+        return;
+    theStale = true;
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+// Views have been told already that all cells change.
+void Q3TableModel::fill()
+{
+    theStale = false;
+    const QSignalBlocker blocker(this);
+    theFill();
+}
+
 QString Q3TableModel::text(int aRow, int aColumn) const
 {
+    if (theStale)
+        const_cast<Q3TableModel*>(this)->fill(); // what is read was always meant to be there
     return isCell(aRow, aColumn) ? theRows[size_t(aRow)].at(aColumn) : QString();
 }
 

@@ -4,6 +4,7 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
+#include <functional>
 #include <vector>
 
 /// The texts of a table and of its two headers. Rows and columns are sections: where a heading stands on the
@@ -35,10 +36,16 @@ public:
     /// A null string for a section without a label.
     QString label(int aSection, Qt::Orientation aOrientation) const;
     void setReadOnly(bool aOn) { theReadOnly = aOn; }
+    /// Cells that are costly to work out: after setStale aFill is called once, before any cell is read.
+    void setFill(const std::function<void()>& aFill) { theFill = aFill; }
+    void setStale();
 
 private:
     bool isCell(int aRow, int aColumn) const;
+    void fill();
 
+    std::function<void()> theFill;
+    bool theStale = false;
     std::vector<QStringList> theRows;
     QStringList theRowLabels;
     QStringList theColumnLabels;
