@@ -30,6 +30,7 @@ private Q_SLOTS:
     void movedObjectColumnIsStillCounted();
     void lastObjectColumnIsNotCountedAfterTheBlankOne();
     void anyTableCanBeFilledFromTheRows();
+    void manyRowsSayWhatTheySaidWhenTheyWereCounted();
 
 private:
     /// The statistics of one value over objects with these values.
@@ -266,6 +267,23 @@ void TestStatistics::anyTableCanBeFilledFromTheRows()
     QCOMPARE(f.row(own, 0), (QStringList{"", "2 mm", "old"}));
     f.theMeasure->updateDataInCalcTable(&own, nullptr, QStringLiteral("Nothing"));
     QCOMPARE(f.row(own, 0), (QStringList{"", "", "old"}));
+}
+
+// With so many rows the statistics are made when they are read. 1 to n have the mean (n + 1) / 2 and the
+// deviation sqrt((n * n - 1) / 12).
+void TestStatistics::manyRowsSayWhatTheySaidWhenTheyWereCounted()
+{
+    FakeTool tool(1901, QStringLiteral("Probe"), {"A"});
+    MeasureFixture f;
+    f.load({&tool});
+    const auto shown = [&f] { return f.statistics(QStringLiteral("Probe"), QStringLiteral("A")); };
+    for (int number = 1; number <= 150; ++number)
+        tool.create(QStringLiteral("A"), double(number), QStringLiteral("mm"));
+    QCOMPARE(shown(), (QStringList{"75.5 mm", "1 mm", "150 mm", "43.30 mm"}));
+    tool.create(QStringLiteral("A"), 151.0, QStringLiteral("mm"));
+    // Behind the blank column the values don't count any more, but nothing has asked for a new count.
+    f.moveColumn(QStringLiteral("A"), 1);
+    QCOMPARE(shown(), (QStringList{"76 mm", "1 mm", "151 mm", "43.58 mm"}));
 }
 
 MEASURE_TEST_MAIN(TestStatistics)
