@@ -43,6 +43,8 @@ private Q_SLOTS:
     void copyChannelOfAMissingChannelDoesNothing();
     void grayIsTheRoundedLumaOfEveryColour();
     void grayOfAGrayImageIsItsCopy();
+    void grayGoesToTheCornerOfALargerRegion();
+    void grayIntoASmallerRegionDoesNothing();
     void grayIntoAColourImageDoesNothing();
     void nullImagesAreRefusedAndLogged();
 
@@ -156,6 +158,40 @@ void TestLmImageProcessor::grayOfAGrayImageIsItsCopy()
     LmImage gray(4, 4, 1, nullptr, 1);
     QVERIFY(theProcessor->RGBtoGrayscale(&source, &gray));
     QCOMPARE(valueAt(gray, 3, 3, 0), valueAt(source, 3, 3, 0));
+}
+
+void TestLmImageProcessor::grayGoesToTheCornerOfALargerRegion()
+{
+    for (const int channels : {1, 3, 4}) {
+        LmImage source(6, 5, channels, nullptr, 4);
+        fill(source);
+        source.setQRoi(QRect(2, 1, 3, 2));
+        LmImage sameSize(3, 2, 1, nullptr, 4);
+        QVERIFY(theProcessor->RGBtoGrayscale(&source, &sameSize));
+        QVERIFY(valueAt(sameSize, 0, 0, 0) != 0);
+        LmImage whole(6, 5, 1, nullptr, 4);
+        whole.setQRoi(QRect(1, 1, 5, 4));
+        QVERIFY(theProcessor->RGBtoGrayscale(&source, &whole));
+        for (int y = 0; y < 5; ++y)
+            for (int x = 0; x < 6; ++x) {
+                const bool inside = QRect(1, 1, 3, 2).contains(x, y);
+                QCOMPARE(valueAt(whole, x, y, 0), inside ? valueAt(sameSize, x - 1, y - 1, 0) : 0);
+            }
+    }
+}
+
+void TestLmImageProcessor::grayIntoASmallerRegionDoesNothing()
+{
+    for (const int channels : {1, 3, 4}) {
+        LmImage source(6, 5, channels, nullptr, 4);
+        fill(source);
+        LmImage target(6, 5, 1, nullptr, 4);
+        for (const QRect& region : {QRect(0, 0, 5, 5), QRect(0, 0, 6, 4)}) {
+            target.setQRoi(region);
+            QVERIFY(!theProcessor->RGBtoGrayscale(&source, &target));
+        }
+        QCOMPARE(valueAt(target, 0, 0, 0), 0);
+    }
 }
 
 void TestLmImageProcessor::grayIntoAColourImageDoesNothing()

@@ -29,6 +29,13 @@ inline bool sameSize(const LmImage& aSource, const LmImage& aTarget)
            aSource.theRoiHeight == aTarget.theRoiHeight;
 }
 
+/// Whether the source's region holds pixels and the target's has room for them.
+inline bool fits(const LmImage& aSource, const LmImage& aTarget)
+{
+    return !isEmpty(aSource) && aSource.theRoiWidth <= aTarget.theRoiWidth &&
+           aSource.theRoiHeight <= aTarget.theRoiHeight;
+}
+
 } // namespace ImageRegion
 
 #endif

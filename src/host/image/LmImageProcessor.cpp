@@ -12,6 +12,15 @@ unsigned char luma(const unsigned char* aPixel)
     return static_cast<unsigned char>((299 * aPixel[0] + 587 * aPixel[1] + 114 * aPixel[2] + 500) / 1000);
 }
 
+/// The source's region into the top left corner of the target's, which has as many channels.
+void copyRows(const LmImage& aSource, LmImage& aTarget)
+{
+    const size_t bytes = size_t(aSource.theRoiWidth) * size_t(aSource.channels());
+    // Source and target may be the same rows, so memmove.
+    for (int y = 0; y < aSource.theRoiHeight; ++y)
+        std::memmove(ImageRegion::row(aTarget, y), ImageRegion::row(aSource, y), bytes);
+}
+
 } // namespace
 
 LmImageProcessor* LmImageProcessor::getInstance(void (*aLog)(const QString&))
@@ -34,10 +43,7 @@ bool LmImageProcessor::copy(const LmImage* aSource, LmImage* aTarget)
     if (!aSource || !aTarget || !ImageRegion::sameSize(*aSource, *aTarget) ||
         aSource->channels() != aTarget->channels())
         return reject("copy: the regions or channels of the two images differ");
-    const size_t bytes = size_t(aSource->theRoiWidth) * size_t(aSource->channels());
-    // Source and target may be the same rows, so memmove.
-    for (int y = 0; y < aSource->theRoiHeight; ++y)
-        std::memmove(ImageRegion::row(*aTarget, y), ImageRegion::row(*aSource, y), bytes);
+    copyRows(*aSource, *aTarget);
     return true;
 }
 
@@ -64,10 +70,12 @@ bool LmImageProcessor::copyChannel(const LmImage* aSource, int aSourceChannel, L
 
 bool LmImageProcessor::RGBtoGrayscale(const LmImage* aSource, LmImage* aTarget)
 {
-    if (aSource && aTarget && aSource->channels() == 1)
-        return copy(aSource, aTarget);
-    if (!aSource || !aTarget || !ImageRegion::sameSize(*aSource, *aTarget) || aTarget->channels() != 1)
-        return reject("RGBtoGrayscale: the target isn't a gray image with a region of the same size");
+    if (!aSource || !aTarget || !ImageRegion::fits(*aSource, *aTarget) || aTarget->channels() != 1)
+        return reject("RGBtoGrayscale: the target isn't a gray image with a region that has room");
+    if (aSource->channels() == 1) {
+        copyRows(*aSource, *aTarget);
+        return true;
+    }
     for (int y = 0; y < aSource->theRoiHeight; ++y) {
         const unsigned char* from = ImageRegion::row(*aSource, y);
         unsigned char* to = ImageRegion::row(*aTarget, y);

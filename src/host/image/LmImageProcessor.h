@@ -1,7 +1,11 @@
 #ifndef LMIMAGEPROCESSOR_H
 #define LMIMAGEPROCESSOR_H
 
+#include <QLinkedList>
+#include <QPoint>
 #include <QString>
+
+#include <atomic>
 
 class LmCVSequence;
 class LmImage;
@@ -21,7 +25,8 @@ public:
     /// Copies one channel of the source into one channel of the target.
     bool copyChannel(const LmImage* aSource, int aSourceChannel, LmImage* aTarget, int aTargetChannel);
     /// Luma by ITU-R BT.601, 0.299 R + 0.587 G + 0.114 B rounded, of a 3 or 4 channel image; copies a gray
-    /// one.
+    /// one. The target's region is at least as large as the source's; the result goes to its top left corner
+    /// and leaves the rest of it alone.
     bool RGBtoGrayscale(const LmImage* aSource, LmImage* aTarget);
     /// Hue, lightness and saturation as channels 0, 1 and 2, each on 0 to 255 (a full turn of hue is 256), of
     /// an image of 3 or 4 channels into one of as many; alpha stays. Without a target in place.
@@ -49,6 +54,26 @@ public:
     /// least one bin is refused with zeros.
     bool createHistogram(unsigned int* aTable, double* aMean, const LmImage* aGray,
                          const LmCVSequence* aOutline, int aLimit, int aBins);
+
+    /// The outlines of the objects that stand out from the background in the region of interest of a gray
+    /// image, holes filled, from top to bottom and from left to right by their topmost pixels. Objects have
+    /// from aMinArea to aMaxArea pixels, both included, with those of their holes.
+    ///
+    /// Each outline is the closed polygon through the centres of the border pixels, 8-connected, without the
+    /// points inside straight runs; an object of one pixel is one point. Points lie relative to the corner of
+    /// the region, which is the offset, and theCoG is set. The list is cleared first. False, with nothing
+    /// found, for anything but a gray image with a region, or when aCancel became true; true also without
+    /// objects. The two flags are reserved and have no effect.
+    bool findContourSeq(QLinkedList<LmCVSequence>& aList, const LmImage* aGray, int aMinArea, int aMaxArea,
+                        bool aReserved, bool aReservedToo, const std::atomic_bool* aCancel = nullptr);
+
+    /// The outline of the area around a seed pixel, in image coordinates: the pixels connected to it through
+    /// common edges whose every channel lies between the seed's value less aLower and plus aUpper, inside the
+    /// region of interest. A gray image has its value in all three channels; alpha is ignored. The outline is
+    /// as those of findContourSeq. False, with aContour unchanged, for no image, a seed outside the region,
+    /// or when aCancel became true.
+    bool findContourAt(LmCVSequence& aContour, const LmImage* aImage, QPoint aSeed, const int aLower[3],
+                       const int aUpper[3], const std::atomic_bool* aCancel = nullptr);
 
 private:
     LmImageProcessor() = default;
