@@ -60,7 +60,10 @@ void ToolSwitch::addButton(LmCvManipulator* aTool, QToolButton* aButton, QMenu& 
     if (aButton->accessibleName().isEmpty())
         aButton->setAccessibleName(aButton->toolTip());
     aButton->setStatusTip(action->statusTip());
-    // A tool that goes on with another of its buttons stays the current one.
+    // A tool that goes on with another of its buttons, or with objects of another tool, stays the current
+    // one.
+    connect(aTool, &LmCvManipulator::signalHintChanged, this,
+            [this] { show(theEditor.theCurrentManipulator); });
     connect(aButton, &QToolButton::toggled, this, [this] { show(theEditor.theCurrentManipulator); });
 }
 
@@ -116,6 +119,7 @@ void ToolSwitch::show(LmCvManipulator* aTool)
     for (const Entry& entry : theEntries) {
         entry.theAction->setChecked(entry.theTool == aTool && entry.theButton->isChecked());
         if (entry.theTool == aTool)
-            LmCvManipulator::theLastUsedValueName = valueName(aTool);
+            if (const LmCvManipulator* maker = aTool->objectTool())
+                LmCvManipulator::theLastUsedValueName = valueName(maker);
     }
 }

@@ -1,6 +1,7 @@
 #include "LmToolFactory.h"
 
 #include "LmCvManipAngle.h"
+#include "LmCvManipAutoCreate.h"
 #include "LmCvManipDim.h"
 #include "LmCvManipDist.h"
 #include "LmCvManipMeasure.h"
@@ -30,6 +31,7 @@ constexpr ToolRow kTools[] = {
     {QLatin1String("Dimension"), make<LmCvManipDim>},
     {QLatin1String("Angle"), make<LmCvManipAngle>},
     {QLatin1String("Measure_window"), make<LmCvManipMeasure>},
+    {QLatin1String("Auto_create"), make<LmCvManipAutoCreate>},
 };
 
 } // namespace

@@ -11,8 +11,8 @@ const QStringList kFeatures = {"Region", "Counter",        "Dimension",  "Distan
                                "Angle",  "Measure_window", "Auto_create"};
 const QStringList kLookUpOrder = {"Region", "Counter",        "Distance",   "Dimension",
                                   "Angle",  "Measure_window", "Auto_create"};
-const QStringList kBuiltTools = {"Region", "Distance", "Dimension", "Angle",
-                                 "Measure_window"}; // grows with each tool
+const QStringList kBuiltTools = {"Region", "Distance",       "Dimension",
+                                 "Angle",  "Measure_window", "Auto_create"}; // grows with each tool
 
 /// A place that no tool can have, to see whether a pointer was written.
 LmCvManipulator* somewhere()

@@ -258,16 +258,19 @@ void LmCvManipulator::copyAnimKeyframes(const LmCvObject*, const QPoint&) {}
 
 void LmCvManipulator::pasteAnimKeyframes(const LmCvObject*, const QPoint&) {}
 
-int LmCvManipulator::getObjectIdx(const LmCvObject* aObject) const
+int LmCvManipulator::indexOf(const LmCvObject& aObject) const
 {
-    if (!aObject)
-        return -1;
     // The label is the index as text: looking there first keeps a pass over all objects linear.
     bool isNumber = false;
-    const int labelIdx = aObject->theLabel.toInt(&isNumber);
-    if (isNumber && theCvObjects.value(labelIdx) == aObject)
+    const int labelIdx = aObject.theLabel.toInt(&isNumber);
+    if (isNumber && theCvObjects.value(labelIdx) == &aObject)
         return labelIdx;
-    return theCvObjects.key(const_cast<LmCvObject*>(aObject), -1);
+    return theCvObjects.key(const_cast<LmCvObject*>(&aObject), -1);
+}
+
+LmCvManipulator* LmCvManipulator::objectTool()
+{
+    return this;
 }
 
 int LmCvManipulator::nextObjectIdx() const

@@ -115,9 +115,15 @@ public:
     virtual bool abortAction();
     /// What the next click does, for the person at the mouse; the tool's help by default.
     virtual QString hint() const;
+    /// The tool whose objects this one makes: itself, or null where that isn't settled.
+    virtual LmCvManipulator* objectTool();
 
-    /// The item's key in theCvObjects, or -1.
-    int getObjectIdx(const LmCvObject* aObject) const;
+    /// Finds the thing under the point (canvas) and makes an object of it, or with aModify gives its outline
+    /// to the object aIdx, as a keyframe of an animated one. The limits are three numbers each, how far red,
+    /// green and blue may lie below and above the pixel's own. False when there was nothing to be found.
+    bool findAndCreate(QPoint aPoint, bool aModify, int aIdx, int* aLower, int* aUpper, QString aName);
+    /// The index of the item's object, or -1.
+    int getObjectIdx(const LmCvObject* aObject) const { return aObject ? indexOf(*aObject) : -1; }
     /// The greatest key of theCvObjects plus 1; a gap is not filled.
     int nextObjectIdx() const;
 
@@ -163,6 +169,8 @@ protected:
     void makeItemCurrent(LmCvObject* aItem);
     /// Pushes a command with theSelfChange set. Takes the command; without an undo stack it is dropped.
     void pushOwn(QUndoCommand* aCommand);
+    /// The index of an item's object; the item's key in theCvObjects by default.
+    virtual int indexOf(const LmCvObject& aObject) const;
     /// The label's text for a value: the number with its unit by default. aName is the value's name.
     virtual QString shownText(const QString& aName, const QString& aValueText) const;
     /// A button as all tools have it, in no tool bar yet.
@@ -175,6 +183,7 @@ private:
     void push(QUndoCommand* aCommand);
     void updateCanvas();
     void refreshLabel(int aIdx, LmCvObject* aItem);
+    void modifyFromContour(const LmCVSequence& aContour, int aIdx);
 };
 
 #endif
