@@ -38,7 +38,7 @@ LmCvObjectTool::Texts LmCvManipAngle::texts() const
             {tr("Angle")}};
 }
 
-QList<ParamDescr> LmCvManipAngle::geometryParams() const
+QList<ParamDescr> LmCvManipAngle::ownParams() const
 {
     return {{QStringLiteral("pos"), QMetaType::QPoint, ParamDescr::kBlended},
             {QStringLiteral("ep1"), QMetaType::QPoint, ParamDescr::kBlended},

@@ -41,7 +41,7 @@ LmCvObjectTool::Texts LmCvManipDim::texts() const
             QStringLiteral(":/Dimension.svg"), names};
 }
 
-QList<ParamDescr> LmCvManipDim::geometryParams() const
+QList<ParamDescr> LmCvManipDim::ownParams() const
 {
     return {{QStringLiteral("pos"), QMetaType::QPoint, ParamDescr::kBlended},
             {QStringLiteral("points"), QMetaType::QPolygon, ParamDescr::kBlended}};

@@ -42,7 +42,7 @@ LmCvObjectTool::Texts LmCvManipDist::texts() const
             {tr("Distance"), tr("DX"), tr("DY"), tr("Angle")}};
 }
 
-QList<ParamDescr> LmCvManipDist::geometryParams() const
+QList<ParamDescr> LmCvManipDist::ownParams() const
 {
     return {{QStringLiteral("pos"), QMetaType::QPoint, ParamDescr::kBlended},
             {QStringLiteral("ep"), QMetaType::QPoint, ParamDescr::kBlended}};

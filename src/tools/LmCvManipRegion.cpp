@@ -48,7 +48,7 @@ LmCvObjectTool::Texts LmCvManipRegion::texts() const
              tr("Avg. saturation")}};
 }
 
-QList<ParamDescr> LmCvManipRegion::geometryParams() const
+QList<ParamDescr> LmCvManipRegion::ownParams() const
 {
     return {{QStringLiteral("cl"), QMetaType::Bool, ParamDescr::kWhole},
             {QStringLiteral("pts"), QMetaType::QPolygon, ParamDescr::kBlended},

@@ -89,7 +89,7 @@ protected:
 
     QString typeName() const override;
     Texts texts() const override;
-    QList<ParamDescr> geometryParams() const override;
+    QList<ParamDescr> ownParams() const override;
     LmCvObject* newItem(const QString& aLabel) override;
     NamedValues geometryOf(const LmCvObject* aItem, const QPoint& aOrigin,
                            const LmKernelObjectData* aFormer) const override;

@@ -15,8 +15,6 @@
 #include <QPixmap>
 #include <QToolButton>
 
-#include <memory>
-
 namespace {
 
 // Properties aside, everything may be done to an object: colour (4), hide and show (8), delete (16), a
@@ -26,31 +24,13 @@ constexpr int kObjectFlags = 732;
 
 } // namespace
 
-LmCvObjectTool::LmCvObjectTool(int aObjectType, QObject* aParent) : LmCvManipulator(aParent)
-{
-    theObjectType = aObjectType;
-}
+LmCvObjectTool::LmCvObjectTool(int aObjectType, QObject* aParent) : LmCvRecordTool(aObjectType, aParent) {}
 
 LmCvObjectTool::~LmCvObjectTool() = default;
 
 void LmCvObjectTool::loadRulerCursor(const QString& aFile)
 {
     theToolCursor = QCursor(QPixmap(aFile), 7, 24);
-}
-
-QStringList LmCvObjectTool::getObjectTypeNames()
-{
-    return {typeName()};
-}
-
-QString LmCvObjectTool::getObjectName(int)
-{
-    return typeName();
-}
-
-QString LmCvObjectTool::getObjectName(const LmCvObject*)
-{
-    return typeName();
 }
 
 QPoint LmCvObjectTool::drawnPoint(const QMouseEvent& aEvent) const
@@ -65,11 +45,6 @@ int LmCvObjectTool::getCvObjectFlags(LmCvObject*)
     return kObjectFlags;
 }
 
-QIcon& LmCvObjectTool::getIconSet(const QString&)
-{
-    return theToolIcon;
-}
-
 const QCursor& LmCvObjectTool::getCursor() const
 {
     return theToolCursor;
@@ -77,78 +52,14 @@ const QCursor& LmCvObjectTool::getCursor() const
 
 void LmCvObjectTool::initManipulator(QToolBar* aToolBar)
 {
-    LmCvManipulator::initManipulator(aToolBar);
-    if (!registerWithKernel())
-        return;
-    connectKernel();
-
-    const Texts own = texts();
-    theToolIcon.addFile(own.theIconFile, QSize(-1, -1), QIcon::Normal, QIcon::Off);
-    if (theToolButton) {
-        theToolButton->setIcon(theToolIcon);
+    LmCvRecordTool::initManipulator(aToolBar);
+    if (theInitDone && theToolButton)
         theToolButton->setAutoRaise(true);
-        theToolButton->setToolTip(own.theToolTip);
-        theToolButton->setWhatsThis(own.theHelp);
-        theToolButton->setAccessibleName(own.theToolTip);
-    }
-    theValueNames += own.theValueNames;
 }
 
-bool LmCvObjectTool::registerWithKernel()
+QList<int> LmCvObjectTool::shownIndexes() const
 {
-    theInitDone = theKernelData->registerObjectType(this, theObjectType);
-    if (!theInitDone)
-        return false;
-    std::unique_ptr<LmKernelObjectDataDescr> ours(createDescriptor());
-    theInitDone = theKernelData->registerDataDescriptor(ours.get(), theObjectType);
-    if (theInitDone)
-        ours.release(); // the kernel owns it now
-    return theInitDone;
-}
-
-LmKernelObjectDataDescr* LmCvObjectTool::createDescriptor() const
-{
-    const QList<ParamDescr> own = geometryParams();
-    auto* descr = new LmKernelObjectDataDescr(theObjectType, kFirstOwnParam + int(own.size()));
-    descr->addParamDescr(kVisible, QStringLiteral("vis"), QMetaType::Bool, ParamDescr::kWhole);
-    descr->addParamDescr(kColor, QStringLiteral("col"), QMetaType::QColor, ParamDescr::kWhole);
-    descr->addParamDescr(kShownValue, QStringLiteral("dispv"), QMetaType::QString, ParamDescr::kWhole);
-    unsigned int index = kFirstOwnParam;
-    for (const ParamDescr& param : own)
-        descr->addParamDescr(index++, param.theName, param.theType, param.theKeyframeType);
-    return descr;
-}
-
-void LmCvObjectTool::setCvEditor(LmCvEditor* aEditor)
-{
-    LmCvManipulator::setCvEditor(aEditor);
-    if (!aEditor)
-        return;
-    connect(aEditor, SIGNAL(signalCanvasObjectChanged(LmCvObject*)), this,
-            SLOT(slotCanvasObjectChanged(LmCvObject*)));
-    connect(aEditor->canvas(), &Q3Canvas::itemRemoved, this, &LmCvObjectTool::forgetItem);
-}
-
-void LmCvObjectTool::forgetItem(const Q3CanvasItem*) {}
-
-bool LmCvObjectTool::canDraw() const
-{
-    return theInitDone && theCvEditor;
-}
-
-LmKernelObjectDataDescr* LmCvObjectTool::descriptor() const
-{
-    return theKernelData->getDataDescriptor(theObjectType);
-}
-
-LmKernelObjectData* LmCvObjectTool::recordOf(int aIdx) const
-{
-    return theKernelData->getObject(theObjectType, aIdx);
-}
-
-QVariant LmCvObjectTool::sharedValue(const LmParamKeyframeVector& aValues, CommonParam aParam) const
-{
-    return aValues[aParam].getValue();
+    return theCvObjects.keys();
 }
 
 LmCvObject* LmCvObjectTool::ownItem(const LmCvObject* aObject) const
@@ -190,22 +101,6 @@ bool LmCvObjectTool::remove(LmCvObject* aItem)
 }
 
 void LmCvObjectTool::beforeChange(const LmCvObject*, int, const LmKernelObjectData&) {}
-
-LmParamKeyframeVector LmCvObjectTool::vectorOf(const NamedValues& aValues) const
-{
-    const LmKernelObjectDataDescr* descr = descriptor();
-    LmParamKeyframeVector vector = descr->createKeyframeVector();
-    for (const auto& [name, value] : aValues)
-        if (!descr->setValue(vector, name, value))
-            break;
-    return vector;
-}
-
-void LmCvObjectTool::pushCreation(int aIdx, const NamedValues& aValues)
-{
-    auto* record = new LmKernelObjectData(vectorOf(aValues), descriptor()->getKeyframeTypes(), 0);
-    pushOwn(new CmdCreateObject(theObjectType, aIdx, record));
-}
 
 void LmCvObjectTool::storeNewItem(LmCvObject* aItem, const QString& aShownValue)
 {
@@ -278,6 +173,23 @@ void LmCvObjectTool::slotObjectChangedInKernel(int aType, int aIdx, const LmKern
     const LmParamKeyframeVector values = aData->getKeyframesAt(theKernelData->theCurrentFrame);
     applyGeometry(item, values, theKernelData->origin());
     updateDisplayValue(item, sharedValue(values, kShownValue).toString(), true, true);
+}
+
+void LmCvObjectTool::recreateCanvasObjects(QPoint aOrigin, long long aFrame, bool aAll)
+{
+    const QMap<int, LmKernelObjectData*> records = theKernelData->getObjectsOfType(theObjectType);
+    for (auto it = theCvObjects.cbegin(); it != theCvObjects.cend(); ++it) {
+        const LmKernelObjectData* record = records.value(it.key());
+        if (!record || (!record->theAnimated && !aAll))
+            continue;
+        const LmParamKeyframeVector values = record->getKeyframesAt(aFrame);
+        applyGeometry(it.value(), values, aOrigin);
+        // The default keyframes are no frame of their own: there the labels stay as they are.
+        if (aFrame == Int64(theKernelData->theCurrentFrame))
+            updateDisplayValue(it.value(), sharedValue(values, kShownValue).toString(), true, false);
+    }
+    if (theCvEditor)
+        theCvEditor->canvas()->update();
 }
 
 void LmCvObjectTool::constructDataObject(const QDomElement& aElement, QProgressDialog* aProgress)
