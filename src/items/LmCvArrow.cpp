@@ -36,6 +36,30 @@ LmCvArrow::LmCvArrow(LmCvManipulator* aTool, Q3Canvas* aCanvas, const QString& a
 
 LmCvArrow::~LmCvArrow() = default;
 
+void LmCvArrow::moveBy(double aDx, double aDy)
+{
+    ++theChangeCount;
+    LmCvObject::moveBy(aDx, aDy);
+}
+
+void LmCvArrow::setVisible(bool aOn)
+{
+    ++theChangeCount;
+    LmCvObject::setVisible(aOn);
+}
+
+void LmCvArrow::setColor(const QColor& aColor)
+{
+    ++theChangeCount;
+    LmCvObject::setColor(aColor);
+}
+
+void LmCvArrow::setStep(double aStep, const QString& aUnit)
+{
+    ++theChangeCount;
+    LmCvObject::setStep(aStep, aUnit);
+}
+
 void LmCvArrow::setStartPoint(const QPoint& aPoint)
 {
     invalidate();
@@ -60,6 +84,8 @@ void LmCvArrow::fitArrow()
 {
     ++theChangeCount;
     theTailPoint = tailFor(theEndPoint);
+    theFittedTip = theEndPoint;
+    theFittedLength = theHeadLength;
     const double dx = double(theEndPoint.x()) - theTailPoint.x();
     const double dy = double(theEndPoint.y()) - theTailPoint.y();
     theArrowLength = std::sqrt(dx * dx + dy * dy);
@@ -102,12 +128,14 @@ void LmCvArrow::fitLabel()
     ++theChangeCount;
     if (!theView)
         return;
-    invalidate();
     const QPoint corner = theTextRect.bottomLeft();
     theTextRect.setSize(TextSizes::getInstance().sizeOf(theText, theFont));
     theTextRect.moveBottomLeft(corner);
-    fitArrow();
-    update();
+    // Another number mostly leaves the arrow as it is, which matters when ten thousand marks are renumbered.
+    if (theTailPoint != tailFor(theEndPoint) || theFittedTip != theEndPoint ||
+        theFittedLength != theHeadLength)
+        fitArrow();
+    update(); // repaints where the label was, too
 }
 
 void LmCvArrow::setFont(const QFont& aFont)
@@ -157,6 +185,7 @@ Q3PointArray LmCvArrow::areaPoints() const
     const QPoint bottomLeft = theTextRect.bottomLeft();
     const QPoint bottomRight = theTextRect.bottomRight();
     Q3PointArray corners;
+    corners.reserve(7);
     if (theTextRect.contains(theEndPoint)) {
         corners << topLeft << topRight << bottomLeft << bottomRight;
         return corners;

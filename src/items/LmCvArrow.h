@@ -34,6 +34,10 @@ public:
     static bool linesIntersect(QPoint a, QPoint b, QPoint c, QPoint d, QPoint& aOut);
 
     int rtti() const override { return kRtti; }
+    void moveBy(double aDx, double aDy) override;
+    void setVisible(bool aOn) override;
+    void setColor(const QColor& aColor) override;
+    void setStep(double aStep, const QString& aUnit) override;
     QRect boundingRect() const override;
     Q3PointArray areaPoints() const override;
     void drawShape(QPainter& aPainter) override;
@@ -46,8 +50,8 @@ public:
     void moveObjectBy(const QPoint& aDelta) override;
     bool isNodesChanged() override { return theNodesChanged; }
 
-    /// How often any mark's place, tip, text or font has been set, or a mark been pressed. Whoever finds the
-    /// number that he left knows that the marks still are as he left them.
+    /// How often any mark has been set in place, tip, text, font, colour, calibration or visibility, or been
+    /// pressed. Whoever finds the number that he left knows that the marks still are as he left them.
     static quint64 changeCount() { return theChangeCount; }
 
     QRect theTextRect;
@@ -75,6 +79,9 @@ private:
     bool isBesideLabel(const QPoint& aPoint) const;
     void startDrag(QMouseEvent* aEvent);
 
+    // Of which the barbs have been worked out.
+    QPoint theFittedTip;
+    double theFittedLength = 0.0;
     static quint64 theChangeCount;
 };
 

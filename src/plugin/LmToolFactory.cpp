@@ -2,6 +2,7 @@
 
 #include "LmCvManipAngle.h"
 #include "LmCvManipAutoCreate.h"
+#include "LmCvManipCounter.h"
 #include "LmCvManipDim.h"
 #include "LmCvManipDist.h"
 #include "LmCvManipMeasure.h"
@@ -27,6 +28,7 @@ LmCvManipulator* make(QObject* aParent)
 // Measure_window and Auto_create.
 constexpr ToolRow kTools[] = {
     {QLatin1String("Region"), make<LmCvManipRegion>},
+    {QLatin1String("Counter"), make<LmCvManipCounter>},
     {QLatin1String("Distance"), make<LmCvManipDist>},
     {QLatin1String("Dimension"), make<LmCvManipDim>},
     {QLatin1String("Angle"), make<LmCvManipAngle>},

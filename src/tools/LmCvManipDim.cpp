@@ -237,12 +237,3 @@ QString LmCvManipDim::hint() const
             .arg(item->theLabel);
     return tr("Drag for the height of a new dimension.");
 }
-
-void LmCvManipDim::tellHint()
-{
-    const QString now = hint();
-    if (now == theToldHint)
-        return;
-    theToldHint = now;
-    Q_EMIT signalHintChanged();
-}

@@ -68,11 +68,8 @@ private:
     LmCvDimension* extensible() const;
     bool showsNewSegment() const;
     bool findNewSegment();
-    void tellHint();
     static QVariant measured(const QString& aName, const QString& aAverageName, const Q3PointArray& aPoints,
                              double aStep);
-
-    QString theToldHint;
 };
 
 #endif

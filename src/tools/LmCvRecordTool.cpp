@@ -124,6 +124,15 @@ void LmCvRecordTool::setCvEditor(LmCvEditor* aEditor)
 
 void LmCvRecordTool::forgetItem(const Q3CanvasItem*) {}
 
+void LmCvRecordTool::tellHint()
+{
+    const QString now = hint();
+    if (now == theToldHint)
+        return;
+    theToldHint = now;
+    Q_EMIT signalHintChanged();
+}
+
 bool LmCvRecordTool::canDraw() const
 {
     return theInitDone && theCvEditor;

@@ -63,6 +63,8 @@ protected:
     /// nothing by default.
     virtual void forgetItem(const Q3CanvasItem* aItem);
 
+    /// Tells that the hint is another one now, if it is.
+    void tellHint();
     /// Whether the kernel took the tool's type and there is a canvas; a tool without both makes no items.
     bool canDraw() const;
     /// Pushes the creation of a record that holds the values, up to the first one that is refused.
@@ -76,6 +78,8 @@ protected:
 private:
     LmKernelObjectDataDescr* createDescriptor() const;
     bool registerWithKernel();
+
+    QString theToldHint;
 };
 
 #endif

@@ -215,7 +215,17 @@ void TestArrowDrag::whoeverCountsChangesSeesThemAll()
     QVERIFY(hasChanged());
     theItem->moveObjectBy(QPoint(1, 1));
     QVERIFY(hasChanged());
+    theItem->move(7.0, 8.0);
+    QVERIFY(hasChanged());
     theItem->hide();
+    QVERIFY(hasChanged());
+    theItem->setColor(QColor(Qt::blue));
+    QVERIFY(hasChanged());
+    theItem->setStep(2.0, QStringLiteral("mm"));
+    QVERIFY(hasChanged());
+    // Being current or in a group belongs to the person at the mouse.
+    theItem->setActive(true);
+    theItem->setSelected(true);
     QVERIFY(!hasChanged());
 }
 
