@@ -110,6 +110,9 @@ void ItemMenu::addValues(QMenu& aMenu, LmCvObject* aItem)
         LmKSKernelData::getInstance()->getDataDescriptor(tool->theObjectType);
     if (!data || !descriptor || descriptor->indexOf(kShownValue) < 0 || tool->theValueNames.isEmpty())
         return;
+    // What hangs on all objects of a type would be out of date on the labels of the others.
+    if (aItem->theManipulator->allObjectsNeedRecalc())
+        return;
     const QString shown = descriptor->getValue(data->getDefaultKeyframes(), kShownValue).toString();
     QMenu* menu = aMenu.addMenu(tr("&Value on the Label"));
     auto* group = new QActionGroup(menu);
