@@ -267,22 +267,17 @@ void TestCounterClicks::tenthCounterIsCalledOne()
 void TestCounterClicks::pressTellsThePointAndTakesTheEvent()
 {
     CounterFixture& f = *theFixture;
-    const auto send = [&f](QEvent::Type aType, const QPoint& aPoint) {
+    const auto send = [&f](QEvent::Type aType, const QPoint& aPoint, auto aHandler) {
         QMouseEvent event(aType, aPoint, aPoint, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         event.ignore();
-        if (aType == QEvent::MouseButtonPress)
-            f.theTool.mousePressEvent(&event);
-        else if (aType == QEvent::MouseMove)
-            f.theTool.mouseMoveEvent(&event);
-        else
-            f.theTool.mouseReleaseEvent(&event);
+        (f.theTool.*aHandler)(&event);
         return event.isAccepted();
     };
-    QVERIFY(send(QEvent::MouseButtonPress, QPoint(30, 40)));
+    QVERIFY(send(QEvent::MouseButtonPress, QPoint(30, 40), &LmCvManipulator::mousePressEvent));
     QCOMPARE(f.theTool.theLastPress, QPoint(30, 40));
     QCOMPARE(f.texts(1).size(), 1);
-    send(QEvent::MouseMove, QPoint(130, 140));
-    send(QEvent::MouseButtonRelease, QPoint(130, 140));
+    send(QEvent::MouseMove, QPoint(130, 140), &LmCvManipulator::mouseMoveEvent);
+    send(QEvent::MouseButtonRelease, QPoint(130, 140), &LmCvManipulator::mouseReleaseEvent);
     QCOMPARE(f.theTool.theLastPress, QPoint(30, 40));
     QCOMPARE(f.tips(1), QList<QPoint>{QPoint(30, 40)});
     QCOMPARE(f.theStack.count(), 1);
