@@ -69,7 +69,9 @@ public:
 
     /// The outline of the area around a seed pixel, in image coordinates: the pixels connected to it through
     /// common edges whose every channel lies between the seed's value less aLower and plus aUpper, inside the
-    /// region of interest. A gray image has its value in all three channels; alpha is ignored. The outline is
+    /// region of interest. A gray image has its value in all three channels; alpha is ignored. Limits count
+    /// from 0 on. The area is exact unless it has a texture that makes it porous: then gaps and bays up to a
+    /// dozen pixels wide are closed and threads of few pixels cut. It always holds the seed. The outline is
     /// as those of findContourSeq. False, with aContour unchanged, for no image, a seed outside the region,
     /// or when aCancel became true.
     bool findContourAt(LmCVSequence& aContour, const LmImage* aImage, QPoint aSeed, const int aLower[3],
