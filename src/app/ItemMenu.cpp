@@ -51,7 +51,11 @@ void ItemMenu::fillForItem(QMenu& aMenu, LmCvObject* aItem, const QPoint& aCanva
     theEditor.activateItem(aItem);
     LmCvManipulator* tool = aItem->theManipulator;
     const int flags = tool->getCvObjectFlags(aItem);
-    aMenu.addSection(tr("%1 %2").arg(tool->getObjectName(aItem), aItem->theLabel));
+    const int idx = tool->getObjectIdx(aItem);
+    const LmKSKernelData* kernel = LmKSKernelData::getInstance();
+    // An outline in the making has no index yet, but its label tells the next one.
+    aMenu.addSection(idx >= 0 ? kernel->objectText(tool->theObjectType, idx)
+                              : tr("%1 %2").arg(tool->getObjectName(aItem), aItem->theLabel));
     addValues(aMenu, aItem);
     addLook(aMenu, aItem, flags);
     if (flags & kProperties)

@@ -21,6 +21,7 @@ constexpr QPoint kLabelWay(20, -20); // from the thing that is counted to the la
 // Sides of the hit squares, small, so that things which lie close together can all be marked.
 constexpr int kMarkTolerance = 4;
 constexpr int kTipTolerance = 6;
+constexpr int kReach = 8; // beyond both; pixels from a mark's extent
 
 } // namespace
 
@@ -42,18 +43,26 @@ int LmCvManipCounter::findCounterIndex(const LmCvArrow* aArrow, int& aCount, int
     return index;
 }
 
+// A mark takes points anywhere on the line of its shaft when that runs at 45 degrees, as after each click. As
+// in the editor, only marks that lie near the point are asked, or a click far away would take them.
+bool LmCvManipCounter::isHit(LmCvArrow& aMark, const QPoint& aPos)
+{
+    const QRect reach(aPos - QPoint(kReach, kReach), aPos + QPoint(kReach, kReach));
+    int node = 0;
+    QPoint tip;
+    return aMark.boundingRect().intersects(reach) && (aMark.isPointOnObject(aPos, node, kMarkTolerance) ||
+                                                      aMark.isPointOnArrow(aPos, tip, kTipTolerance));
+}
+
 LmCvArrow* LmCvManipCounter::findCounterElementAt(QPoint aPos, int& aIdx, int& aPosInList) const
 {
     aIdx = -1;
     aPosInList = -1;
-    int node = 0;
-    QPoint tip;
     for (auto entry = theCounters.cbegin(); entry != theCounters.cend(); ++entry) {
         aPosInList = -1;
         for (LmCvArrow* mark : entry.value()) {
             ++aPosInList;
-            if (mark->isPointOnObject(aPos, node, kMarkTolerance) ||
-                mark->isPointOnArrow(aPos, tip, kTipTolerance)) {
+            if (isHit(*mark, aPos)) {
                 aIdx = entry.key();
                 return mark;
             }

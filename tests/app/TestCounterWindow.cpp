@@ -247,6 +247,7 @@ void TestCounterWindow::menuOffersNoValueForTheLabel()
     w.pickArrow();
     QMenu* menu = w.contextMenu(w.labelOf(1, 1));
     QVERIFY(menu);
+    QCOMPARE(menu->actions().first()->text(), QStringLiteral("Counter 1"));
     QVERIFY(WindowFixture::find(*menu, QStringLiteral("Set Color...")));
     QVERIFY(!WindowFixture::find(*menu, QStringLiteral("Value on the Label")));
     menu->close();

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void markIsFoundAtItsParts();
     void earlierMarkIsFoundFirst();
     void missTellsTheLastPosition();
+    void clickInLineWithADistantShaftMissesIt();
 
 private:
     std::unique_ptr<CounterFixture> theFixture;
@@ -145,6 +146,27 @@ void TestCounterFinding::missTellsTheLastPosition()
     QVERIFY(!f.theTool.findCounterElementAt(QPoint(300, 200), idx, pos));
     QCOMPARE(idx, -1);
     QCOMPARE(pos, 1);
+}
+
+// The shaft of a clicked mark runs up to the right at 45 degrees. The item takes any point whose square has
+// its diagonal on that line; the square's corner lies 2 pixels before the point, and its side is 3.
+void TestCounterFinding::clickInLineWithADistantShaftMissesIt()
+{
+    CounterFixture& f = *theFixture;
+    const QPoint tip(60, 200);
+    f.theTool.createCounterElement(tip, true);
+    const QPoint inLine = tip + QPoint(121, -119);
+    int node = 0;
+    QVERIFY(f.mark(1, 0)->isPointOnObject(inLine, node, 4));
+    int idx = 5;
+    int pos = 5;
+    QVERIFY(!f.theTool.findCounterElementAt(inLine, idx, pos));
+    QCOMPARE(idx, -1);
+    QCOMPARE(pos, 0);
+    QCOMPARE(f.theTool.createCounterElement(inLine, true), 1);
+    QCOMPARE(f.marks(1).size(), 2);
+    // Near its ends the shaft is still taken.
+    QVERIFY(f.theTool.findCounterElementAt(tip + QPoint(10, -10), idx, pos) == f.mark(1, 0));
 }
 
 MEASURE_TEST_MAIN(TestCounterFinding)
