@@ -27,8 +27,8 @@ bool LmImageProcessor::findContourSeq(QLinkedList<LmCVSequence>& aList, const Lm
     for (const PixelOutline& outline : ContourSearch::outlines(*aGray, aMinArea, aMaxArea, aCancel))
         aList.append(PixelOutlines::sequence(outline, *aGray));
     if (isCancelled(aCancel))
-        return false;
-    return true;
+        aList.clear();
+    return !isCancelled(aCancel);
 }
 
 bool LmImageProcessor::findContourAt(LmCVSequence& aContour, const LmImage* aImage, QPoint aSeed,

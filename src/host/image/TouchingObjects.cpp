@@ -91,13 +91,12 @@ private:
     void take(int aPixel)
     {
         theParents[size_t(aPixel)] = aPixel;
-        const int x = aPixel % theDepth.cols;
-        const int y = aPixel / theDepth.cols;
+        const cv::Point place = placeOf(aPixel);
         int mine = -1;
         float deepest = 0.0f; // uphill is the way to the thing that the pixel belongs to
         for (int dy = -1; dy <= 1; ++dy)
             for (int dx = -1; dx <= 1; ++dx) {
-                const int there = pixelAt(x + dx, y + dy);
+                const int there = pixelAt(place.x + dx, place.y + dy);
                 if (there < 0 || there == aPixel || theParents[size_t(there)] < 0)
                     continue;
                 const int basin = basinOf(there);
@@ -111,6 +110,8 @@ private:
         if (mine >= 0)
             theParents[size_t(aPixel)] = basinOf(mine);
     }
+
+    cv::Point placeOf(int aPixel) const { return cv::Point(aPixel % theDepth.cols, aPixel / theDepth.cols); }
 
     int pixelAt(int aX, int aY) const
     {
@@ -134,9 +135,8 @@ private:
         const float narrower = std::min(depth(aOne), depth(aOther));
         if (narrower < kLeastHalfWidth || aNeck > kNarrow * narrower)
             return false;
-        const double dx = aOne % theDepth.cols - aOther % theDepth.cols;
-        const double dy = aOne / theDepth.cols - aOther / theDepth.cols;
-        return std::hypot(dx, dy) <= kFarthest * double(depth(aOne) + depth(aOther));
+        const cv::Point way = placeOf(aOne) - placeOf(aOther);
+        return std::hypot(double(way.x), double(way.y)) <= kFarthest * double(depth(aOne) + depth(aOther));
     }
 
     const cv::Mat& theDepth;
