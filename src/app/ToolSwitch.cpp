@@ -83,6 +83,9 @@ void ToolSwitch::setToolsEnabled(bool aOn)
     for (const Entry& entry : theEntries) {
         entry.theAction->setEnabled(aOn);
         entry.theButton->setEnabled(aOn);
+        // A menu's entry can take the tool as well.
+        if (entry.theButton->menu())
+            entry.theButton->menu()->menuAction()->setEnabled(aOn);
     }
 }
 
@@ -99,7 +102,8 @@ QString ToolSwitch::valueName(const LmCvManipulator* aTool) const
 void ToolSwitch::setValueName(const LmCvManipulator* aTool, const QString& aName)
 {
     QSettings().setValue(settingsKey(aTool), aName);
-    if (theEditor.theCurrentManipulator == aTool)
+    LmCvManipulator* current = theEditor.theCurrentManipulator;
+    if (current && current->objectTool() == aTool)
         LmCvManipulator::theLastUsedValueName = aName;
 }
 
@@ -118,6 +122,7 @@ void ToolSwitch::show(LmCvManipulator* aTool)
     theArrow.setChecked(!aTool);
     for (const Entry& entry : theEntries) {
         entry.theAction->setChecked(entry.theTool == aTool && entry.theButton->isChecked());
+        entry.theAction->setIcon(entry.theButton->icon());
         if (entry.theTool == aTool)
             if (const LmCvManipulator* maker = aTool->objectTool())
                 LmCvManipulator::theLastUsedValueName = valueName(maker);

@@ -53,6 +53,7 @@ LmCvManipAutoCreate::LmCvManipAutoCreate(QToolBar* aToolBar, QObject* aParent) :
 
 LmCvManipAutoCreate::~LmCvManipAutoCreate()
 {
+    dropRubber();
     if (theMenu && !theMenu->parent())
         delete theMenu;
 }
@@ -66,10 +67,21 @@ void LmCvManipAutoCreate::initManipulator(QToolBar* aToolBar)
 
 void LmCvManipAutoCreate::setCvEditor(LmCvEditor* aEditor)
 {
+    dropRubber();
     LmCvManipulator::setCvEditor(aEditor);
-    if (aEditor)
-        connect(aEditor, SIGNAL(signalCanvasObjectChanged(LmCvObject*)), this,
-                SLOT(slotCanvasObjectChanged(LmCvObject*)));
+    if (!aEditor)
+        return;
+    connect(aEditor, SIGNAL(signalCanvasObjectChanged(LmCvObject*)), this,
+            SLOT(slotCanvasObjectChanged(LmCvObject*)));
+    connect(aEditor->canvas(), &Q3Canvas::itemRemoved, this, &LmCvManipAutoCreate::forgetRubber);
+}
+
+void LmCvManipAutoCreate::forgetRubber(const Q3CanvasItem* aItem)
+{
+    if (aItem == theOuterRubber)
+        theOuterRubber = nullptr;
+    if (aItem == theInnerRubber)
+        theInnerRubber = nullptr;
 }
 
 void LmCvManipAutoCreate::slotCanvasObjectChanged(LmCvObject*) {}
@@ -104,6 +116,7 @@ void LmCvManipAutoCreate::slotManipulatorsLoaded()
     if (theMenu)
         return;
     auto* menu = new Q3PopupMenu(theToolButton);
+    menu->setTitle(tr("Auto create options"));
     theMenu = menu;
     connect(menu, &QObject::destroyed, this, [this] { theMenu = nullptr; });
     fillMenu();
@@ -114,7 +127,7 @@ void LmCvManipAutoCreate::slotManipulatorsLoaded()
 
 void LmCvManipAutoCreate::fillMenu()
 {
-    auto* menu = static_cast<Q3PopupMenu*>(theMenu);
+    auto* menu = qobject_cast<Q3PopupMenu*>(theMenu);
     QIcon firstIcon;
     int id = kFirstTypeId;
     const QList<LmCvManipulator*> tools = theKernelData->getCvManipulatorList();
@@ -163,7 +176,7 @@ void LmCvManipAutoCreate::slotMenuItemActivated(int aId)
         if (theToolButton)
             theToolButton->setIcon(tool->getAutoCreationIconSet(theCurrentTypeName));
     }
-    if (auto* menu = static_cast<Q3PopupMenu*>(theMenu)) {
+    if (auto* menu = qobject_cast<Q3PopupMenu*>(theMenu)) {
         menu->setItemChecked(kSingleId, !theGroupMode);
         menu->setItemChecked(kGroupId, theGroupMode);
     }
@@ -172,10 +185,16 @@ void LmCvManipAutoCreate::slotMenuItemActivated(int aId)
     Q_EMIT signalHintChanged();
 }
 
-bool LmCvManipAutoCreate::readColour(const QPoint& aCanvasPoint, unsigned char* aColour) const
+const LmImage* LmCvManipAutoCreate::picture() const
 {
     const LmImage* image = theKernelData->getShownImage();
-    if (!image || image->theImageSize == 0)
+    return image && image->theImageSize > 0 ? image : nullptr;
+}
+
+bool LmCvManipAutoCreate::readColour(const QPoint& aCanvasPoint, unsigned char* aColour) const
+{
+    const LmImage* image = picture();
+    if (!image)
         return false;
     const QPoint point = PointMath::sum(aCanvasPoint, theKernelData->origin());
     image->getDataAt(point.x(), point.y(), aColour[0], aColour[1], aColour[2], 0);
@@ -185,8 +204,12 @@ bool LmCvManipAutoCreate::readColour(const QPoint& aCanvasPoint, unsigned char* 
 void LmCvManipAutoCreate::mousePressEvent(QMouseEvent* aEvent)
 {
     thePressPos = aEvent->pos();
-    if (!readColour(thePressPos, theSeedColour))
+    // One whose release found no tool, or never came, would be searched by the next click.
+    dropRubber();
+    if (!readColour(thePressPos, theSeedColour)) {
+        aEvent->ignore();
         return;
+    }
     aEvent->accept();
     std::copy_n(theSeedColour, 3, theMinColour);
     std::copy_n(theSeedColour, 3, theMaxColour);
@@ -194,6 +217,8 @@ void LmCvManipAutoCreate::mousePressEvent(QMouseEvent* aEvent)
 
 void LmCvManipAutoCreate::mouseMoveEvent(QMouseEvent* aEvent)
 {
+    if (!picture())
+        return;
     const QPoint point = aEvent->pos();
     const qint64 way = squaredWay(thePressPos, point);
     if (way >= kRubberLimit && theGroupMode)
@@ -250,12 +275,13 @@ Q3CanvasRectangle* LmCvManipAutoCreate::newRubber(const QRect& aRect, const QCol
 
 bool LmCvManipAutoCreate::dropRubber()
 {
+    if (!theOuterRubber)
+        return false;
     delete std::exchange(theInnerRubber, nullptr);
-    const bool wasThere = theOuterRubber != nullptr;
     delete std::exchange(theOuterRubber, nullptr);
     if (theCvEditor)
         theCvEditor->canvas()->update();
-    return wasThere;
+    return true;
 }
 
 bool LmCvManipAutoCreate::abortAction()

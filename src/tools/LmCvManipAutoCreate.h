@@ -6,6 +6,7 @@
 class LmCVSequence;
 class LmImage;
 class PatientRun;
+class Q3CanvasItem;
 class Q3CanvasRectangle;
 class QMenu;
 
@@ -33,7 +34,8 @@ public:
     bool abortAction() override;
     QString hint() const override;
 
-    Q3CanvasRectangle* theOuterRubber = nullptr; // black; owned by the canvas until it is deleted here
+    // The rubber rectangle; owned by the canvas until it is deleted here, cleared when it goes.
+    Q3CanvasRectangle* theOuterRubber = nullptr; // black
     Q3CanvasRectangle* theInnerRubber = nullptr; // white dashes over it, so that it shows on any ground
     QCursor theSpareCursor;                      // shown by nobody
     QCursor theSingleCursor;
@@ -61,12 +63,14 @@ public Q_SLOTS:
 private:
     void fillMenu();
     void dressButton(const QIcon& aIcon);
+    void forgetRubber(const Q3CanvasItem* aItem);
+    const LmImage* picture() const; // null without pixels
     bool readColour(const QPoint& aCanvasPoint, unsigned char* aColour) const;
     void widenColours(const QPoint& aCanvasPoint);
     void stretchRubber(const QPoint& aCanvasPoint);
     Q3CanvasRectangle* newRubber(const QRect& aRect, const QColor& aColour, Qt::PenStyle aStyle, double aZ);
     bool dropRubber();
-    void findOne(LmCvManipulator& aTool, const QMouseEvent& aEvent);
+    bool findOne(LmCvManipulator& aTool, const QMouseEvent& aEvent);
     bool modifiedObject(const LmCvManipulator& aTool, int& aIdx) const;
     void findAll(const LmImage& aImage);
     bool searchContours(const LmImage& aImage, const QRect& aArea, PatientRun& aRun,

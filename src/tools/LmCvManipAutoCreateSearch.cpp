@@ -29,35 +29,62 @@ QRect searchedArea(const Q3CanvasRectangle& aRubber, const LmImage& aImage)
     return area.intersected(QRect(0, 0, aImage.theRoiWidth, aImage.theRoiHeight));
 }
 
-/// Takes the last step back and off the stack, as if it had never been made.
+/// Takes the last step back and off the stack, as if it had never been made. The stack drops an obsolete step
+/// without asking it to undo anything.
 void withdrawLast(QUndoStack& aStack)
 {
     auto* step = const_cast<QUndoCommand*>(aStack.command(aStack.index() - 1));
+    step->undo();
     step->setObsolete(true);
     aStack.undo();
 }
+
+/// The object that was current before a search, to be so again after a cancelled one. Its item may be made
+/// anew meanwhile.
+class FormerCurrent
+{
+public:
+    explicit FormerCurrent(LmCvEditor* aEditor) : theEditor(aEditor)
+    {
+        LmCvObject* item = aEditor ? aEditor->theCurrentTrack : nullptr;
+        theTool = item ? item->theManipulator : nullptr;
+        theIdx = theTool ? theTool->getObjectIdx(item) : -1;
+    }
+
+    void restore() const
+    {
+        if (theEditor && theTool && theIdx >= 0)
+            theEditor->activateItem(theTool->getCvObject(theIdx));
+    }
+
+private:
+    QPointer<LmCvEditor> theEditor;
+    QPointer<LmCvManipulator> theTool;
+    int theIdx = -1;
+};
 
 } // namespace
 
 void LmCvManipAutoCreate::mouseReleaseEvent(QMouseEvent* aEvent)
 {
-    const LmImage* image = theKernelData->getShownImage();
+    const LmImage* image = picture();
     LmCvManipulator* tool = objectTool();
-    if (!image || image->theImageSize == 0 || !tool)
+    if (!image || !tool)
         return;
     if (theOuterRubber && theGroupMode)
         findAll(*image);
-    else
-        findOne(*tool, *aEvent);
+    else if (!findOne(*tool, *aEvent))
+        return;
     aEvent->accept();
 }
 
-void LmCvManipAutoCreate::findOne(LmCvManipulator& aTool, const QMouseEvent& aEvent)
+/// False when Alt is held without an object that could be reshaped.
+bool LmCvManipAutoCreate::findOne(LmCvManipulator& aTool, const QMouseEvent& aEvent)
 {
     int index = -1;
     const bool modify = CanvasEvent::holds(aEvent, Qt::AltModifier);
     if (modify && !modifiedObject(aTool, index))
-        return;
+        return false;
     // A plain click still takes what differs by one.
     int lower[3];
     int upper[3];
@@ -68,6 +95,7 @@ void LmCvManipAutoCreate::findOne(LmCvManipulator& aTool, const QMouseEvent& aEv
     const PatientRun busy(QString(), thePatience, theCvEditor);
     if (!aTool.findAndCreate(thePressPos, modify, index, lower, upper, theCurrentTypeName))
         reportFound(0);
+    return true;
 }
 
 /// The current object, if it is one of the tool's.
@@ -86,7 +114,7 @@ void LmCvManipAutoCreate::findAll(const LmImage& aImage)
     dropRubber();
     PatientRun run(tr("Finding objects..."), thePatience, theCvEditor);
     QLinkedList<LmCVSequence> contours;
-    if (area.isEmpty() || !searchContours(aImage, area, run, contours))
+    if (!area.isEmpty() && !searchContours(aImage, area, run, contours))
         return;
     if (contours.isEmpty())
         reportFound(0);
@@ -121,12 +149,17 @@ void LmCvManipAutoCreate::createAll(const QLinkedList<LmCVSequence>& aContours, 
     const QPointer<LmCvManipulator> tool(objectTool());
     if (!theUndoStack || !tool)
         return;
+    const int count = int(aContours.size());
+    // A macro costs what could be redone.
+    if (!aRun.goOn(0, count))
+        return;
+    const FormerCurrent former(theCvEditor);
     int created = 0;
     int done = 0;
     bool cancelled = false;
     theUndoStack->beginMacro(tr("Create objects"));
     for (const LmCVSequence& contour : aContours) {
-        cancelled = !aRun.goOn(done++, int(aContours.size()));
+        cancelled = !aRun.goOn(done++, count);
         LmCvManipulator* stillThere = tool.data();
         if (cancelled || !stillThere)
             break;
@@ -134,10 +167,12 @@ void LmCvManipAutoCreate::createAll(const QLinkedList<LmCVSequence>& aContours, 
             ++created;
     }
     theUndoStack->endMacro();
-    if (cancelled)
-        withdrawLast(*theUndoStack);
-    else
+    if (!cancelled) {
         reportFound(created);
+        return;
+    }
+    withdrawLast(*theUndoStack);
+    former.restore();
 }
 
 void LmCvManipAutoCreate::reportFound(int aCount)

@@ -35,7 +35,10 @@ PatientRun::PatientRun(const QString& aText, int aPatience, QWidget* aParent)
 {
 }
 
-PatientRun::~PatientRun() = default;
+PatientRun::~PatientRun()
+{
+    delete theDialog;
+}
 
 bool PatientRun::inThread(const std::function<void(const std::atomic_bool& aCancelled)>& aWork)
 {
@@ -54,7 +57,7 @@ bool PatientRun::inThread(const std::function<void(const std::atomic_bool& aCanc
     showDialog(0);
     while (!shared->theDone.tryAcquire(1, kRedraw)) {
         QCoreApplication::processEvents();
-        if (theDialog->wasCanceled()) {
+        if (isCancelled()) {
             shared->theCancelled = true;
             return false;
         }
@@ -72,13 +75,17 @@ bool PatientRun::goOn(int aDone, int aCount)
     theDialog->setMaximum(aCount);
     theDialog->setValue(aDone);
     QCoreApplication::processEvents();
-    return !theDialog->wasCanceled();
+    return !isCancelled();
+}
+
+bool PatientRun::isCancelled() const
+{
+    return !theDialog || theDialog->wasCanceled();
 }
 
 void PatientRun::showDialog(int aCount)
 {
-    theDialog =
-        std::make_unique<QProgressDialog>(theText, QProgressDialog::tr("Cancel"), 0, aCount, theParent);
+    theDialog = new QProgressDialog(theText, QProgressDialog::tr("Cancel"), 0, aCount, theParent);
     theDialog->setWindowModality(Qt::ApplicationModal);
     theDialog->setAutoClose(false);
     theDialog->setAutoReset(false);

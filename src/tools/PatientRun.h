@@ -1,6 +1,7 @@
 #ifndef PATIENTRUN_H
 #define PATIENTRUN_H
 
+#include <QPointer>
 #include <QString>
 
 #include <atomic>
@@ -28,13 +29,14 @@ public:
 
 private:
     void showDialog(int aCount);
+    bool isCancelled() const;
 
     class Watch;
 
     QString theText;
     int thePatience;
-    QWidget* theParent;                         // not owned
-    std::unique_ptr<QProgressDialog> theDialog; // from the time on when it is shown
+    QWidget* theParent;                  // not owned
+    QPointer<QProgressDialog> theDialog; // from the time on when it is shown; the parent may take it along
     std::unique_ptr<Watch> theWatch;
 };
 

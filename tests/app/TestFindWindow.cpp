@@ -7,6 +7,7 @@
 #include "LmKernelObjectData.h"
 #include "TestFont.h"
 
+#include <QMenu>
 #include <QPainter>
 #include <QToolButton>
 #include <QUndoStack>
@@ -56,7 +57,10 @@ private Q_SLOTS:
     void marksGoOnWithTheCurrentCounter();
     void markOfAClickIsInTheMiddleOfItsDisc();
     void foundRegionShowsTheValueChosenForRegions();
+    void valueChosenMeanwhileIsShownByTheNextRegion();
     void choosingAnotherTypeIsSaidInTheHint();
+    void toolsMenuNamesTheOptions();
+    void withoutAPictureTheMenuIsOff();
     void rectangleOverThePictureFindsTheCoins();
     void rectangleOverThePictureCountsTheCoins();
     void shortDragOverACoinFindsIt();
@@ -187,6 +191,35 @@ void TestFindWindow::choosingAnotherTypeIsSaidInTheHint()
     QVERIFY2(w.hint().contains(QStringLiteral("Region")), qPrintable(w.hint()));
     w.pickAuto({"Counter"});
     QVERIFY2(w.hint().contains(QStringLiteral("Counter")), qPrintable(w.hint()));
+}
+
+void TestFindWindow::valueChosenMeanwhileIsShownByTheNextRegion()
+{
+    FindWindow w;
+    w.open(discPicture(w, kDiscs, 20));
+    w.pickAuto({"Region", "Single"});
+    w.click(kDiscs[0]);
+    QMenu* menu = w.contextMenu(kDiscs[0]);
+    QVERIFY(menu);
+    const QString area = w.regionTool()->theValueNames.value(3);
+    QVERIFY(w.choose(*menu, area));
+    w.click(kDiscs[1]);
+    QCOMPARE(w.regionValue(2, QStringLiteral("dispv")).toString(), area);
+}
+
+void TestFindWindow::toolsMenuNamesTheOptions()
+{
+    FindWindow w;
+    QVERIFY(WindowFixture::find(*w.actions().theToolsMenu, QStringLiteral("Auto create options")));
+}
+
+void TestFindWindow::withoutAPictureTheMenuIsOff()
+{
+    FindWindow w(FindWindow::kEmpty);
+    QVERIFY(!w.autoButton()->isEnabled());
+    QVERIFY(!w.autoButton()->menu()->menuAction()->isEnabled());
+    w.open(discPicture(w, kDiscs, 20));
+    QVERIFY(w.autoButton()->menu()->menuAction()->isEnabled());
 }
 
 void TestFindWindow::rectangleOverThePictureFindsTheCoins()

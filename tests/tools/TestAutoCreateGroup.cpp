@@ -1,15 +1,19 @@
 #include "AutoCreateFixture.h"
+#include "LmCvManipCounter.h"
 #include "ModalAnswer.h"
 #include "Q3CanvasRectangle.h"
 #include "TestFont.h"
 
 #include <QElapsedTimer>
+#include <QMouseEvent>
 #include <QPen>
 #include <QSignalSpy>
 
 #include <memory>
 
 namespace {
+
+constexpr int kCounterPoints = 3; // parameter of a counter's record
 
 /// Works for so long; milliseconds.
 void waste(int aTime)
@@ -50,6 +54,11 @@ private Q_SLOTS:
     void escTakesTheRectangleAway();
     void otherToolTakesTheRectangleAway();
     void cancelledCreationLeavesNothingBehind();
+    void cancelledCountingLeavesTheCounterAsItWas();
+    void flatRectangleFindsNothing();
+    void withoutAPictureNoRectangleIsDrawn();
+    void forgottenRectangleIsGoneAtTheNextPress();
+    void editorThatGoesTakesTheRectangleAlong();
     void foundThingsAreReported();
     void grayPictureIsSearched();
 
@@ -310,21 +319,120 @@ void TestAutoCreateGroup::otherToolTakesTheRectangleAway()
     QVERIFY(!f.theAuto.theOuterRubber && !f.theAuto.theInnerRubber);
 }
 
+// What was made before the dialog could be cancelled goes again, and nothing of it can be redone.
 void TestAutoCreateGroup::cancelledCreationLeavesNothingBehind()
 {
     paintFour();
     AutoCreateFixture& f = *theFixture;
-    f.choose("Thing");
+    f.theAuto.theGroupMode = false;
+    f.choose("Region");
+    f.click(QPoint(65, 75));
+    f.theStack.setClean();
+    f.chooseGroup();
     f.theAuto.thePatience = 0;
-    // Each object takes longer than the pause between two looks at the dialog.
-    f.theMaker.theOnCreate = [] { waste(120); };
+    connect(&f.theKernel, &LmKSKernelData::signalObjectCreated, &f.theAuto, [] { waste(120); });
+    QSignalSpy created(&f.theKernel, &LmKSKernelData::signalObjectCreated);
     ModalAnswer answer(ModalAnswer::cancel());
     rubber(QPoint(40, 50), QPoint(160, 180));
     QVERIFY(answer.isDone());
-    QVERIFY(f.theMaker.theCreated.size() < 4);
-    QCOMPARE(f.theStack.count(), 0);
+    QVERIFY(created.size() > 0 && created.size() < 4);
+    QCOMPARE(f.recordCount(), 1);
+    QCOMPARE(f.itemCount(), 1);
+    QCOMPARE(f.theStack.count(), 1);
     QVERIFY(!f.theStack.canRedo());
+    QVERIFY(f.theStack.isClean());
+    QVERIFY(f.theEditor.theCurrentTrack == f.item(1));
     QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void TestAutoCreateGroup::cancelledCountingLeavesTheCounterAsItWas()
+{
+    paintFour();
+    AutoCreateFixture& f = *theFixture;
+    LmCvManipCounter counter(nullptr);
+    f.start(counter);
+    f.click(QPoint(200, 200));
+    const QVariant before = f.stored(counter.theObjectType, 1, kCounterPoints);
+    f.theEditor.setCurrentManipulator(&f.theAuto);
+    f.theAuto.theNameToType.insert("Counter", counter.theObjectType);
+    f.theAuto.theCurrentTypeName = "Counter";
+    f.theAuto.thePatience = 0;
+    const auto wasting =
+        connect(&f.theKernel, &LmKSKernelData::signalObjectChanged, &f.theAuto, [] { waste(120); });
+    ModalAnswer answer(ModalAnswer::cancel());
+    rubber(QPoint(40, 50), QPoint(160, 180));
+    disconnect(wasting);
+    QVERIFY(answer.isDone());
+    QCOMPARE(f.stored(counter.theObjectType, 1, kCounterPoints), before);
+    QCOMPARE(counter.theCounters.value(1).size(), 1);
+    QVERIFY(f.theEditor.theCurrentTrack == counter.getCvObject(1));
+    // The next search goes on with it.
+    f.theAuto.thePatience = 1000;
+    rubber(QPoint(40, 50), QPoint(160, 180));
+    QCOMPARE(counter.theCounters.value(1).size(), 5);
+    f.theStack.setIndex(0);
+    QVERIFY(counter.theCounters.isEmpty());
+    f.theStack.clear();
+}
+
+// At the second move the height is that of the way, 0.
+void TestAutoCreateGroup::flatRectangleFindsNothing()
+{
+    paintFour();
+    AutoCreateFixture& f = *theFixture;
+    QSignalSpy reports(&f.theAuto, &LmCvManipulator::signalReport);
+    f.press(QPoint(40, 75));
+    f.move(QPoint(100, 75));
+    f.move(QPoint(160, 75));
+    QCOMPARE(f.theAuto.theOuterRubber->rect(), QRect(40, 75, 120, 0));
+    f.release(QPoint(160, 75));
+    QVERIFY(f.theMaker.theCreated.isEmpty());
+    QCOMPARE(reports.size(), 1);
+}
+
+void TestAutoCreateGroup::withoutAPictureNoRectangleIsDrawn()
+{
+    paintFour();
+    AutoCreateFixture& f = *theFixture;
+    f.theKernel.theCurrentImage = nullptr;
+    f.press(QPoint(40, 50));
+    f.move(QPoint(160, 180));
+    QVERIFY(!f.theAuto.theOuterRubber && !f.theAuto.theInnerRubber);
+    f.release(QPoint(160, 180));
+    QCOMPARE(f.theStack.count(), 0);
+}
+
+void TestAutoCreateGroup::forgottenRectangleIsGoneAtTheNextPress()
+{
+    paintFour();
+    AutoCreateFixture& f = *theFixture;
+    const QString name = f.theAuto.theCurrentTypeName;
+    f.theAuto.theCurrentTypeName = "Gone";
+    rubber(QPoint(40, 50), QPoint(160, 180));
+    QVERIFY(f.theAuto.theOuterRubber);
+    f.theAuto.theCurrentTypeName = name;
+    f.click(QPoint(65, 75));
+    QVERIFY(!f.theAuto.theOuterRubber);
+    QCOMPARE(f.theMaker.theCreated, QList<QRect>{QRect(60, 70, 12, 12)});
+}
+
+void TestAutoCreateGroup::editorThatGoesTakesTheRectangleAlong()
+{
+    AutoCreateFixture& f = *theFixture;
+    LmCvManipAutoCreate tool(nullptr);
+    {
+        LmCvEditor editor;
+        tool.setCvEditor(&editor);
+        tool.theGroupMode = true;
+        tool.thePressPos = QPoint(10, 10);
+        QMouseEvent move(QEvent::MouseMove, QPointF(60, 60), QPointF(60, 60), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        tool.mouseMoveEvent(&move);
+        QVERIFY(tool.theOuterRubber);
+    }
+    QVERIFY(!tool.theOuterRubber && !tool.theInnerRubber);
+    tool.setCvEditor(&f.theEditor);
+    QVERIFY(!tool.abortAction());
 }
 
 void TestAutoCreateGroup::foundThingsAreReported()

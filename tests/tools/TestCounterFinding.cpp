@@ -149,13 +149,13 @@ void TestCounterFinding::missTellsTheLastPosition()
 }
 
 // The shaft of a clicked mark runs up to the right at 45 degrees. The item takes any point whose square has
-// its diagonal on that line; the square's corner lies 2 pixels before the point, and its side is 3.
+// its diagonal on that line; the square goes from 2 pixels before the point to 1 behind it.
 void TestCounterFinding::clickInLineWithADistantShaftMissesIt()
 {
     CounterFixture& f = *theFixture;
     const QPoint tip(60, 200);
     f.theTool.createCounterElement(tip, true);
-    const QPoint inLine = tip + QPoint(121, -119);
+    const QPoint inLine = tip + QPoint(121, -120);
     int node = 0;
     QVERIFY(f.mark(1, 0)->isPointOnObject(inLine, node, 4));
     int idx = 5;

@@ -52,7 +52,7 @@ public:
     LmCvManipulator(QToolBar* aToolBar, QObject* aParent);
     ~LmCvManipulator() override;
 
-    // The virtual operations stand in the order of the plug-in contract.
+    // The virtual operations stand in the order of the plug-in interface.
     virtual void initManipulator(QToolBar* aToolBar);
     virtual void setUndoStack(QUndoStack* aStack);
     virtual int getSwitchModifier();
@@ -107,7 +107,7 @@ public:
     virtual void pasteAnimKeyframes(const LmCvObject* aObject, const QPoint& aPoint);
     virtual const QCursor& getCursor() const;
 
-    // Operations of this host beyond the contract.
+    // Operations of this host beyond the plug-in interface.
     /// Whether the tool, being current, takes a press before the item under the pointer does.
     virtual bool claimsPress(QMouseEvent* aEvent, LmCvObject* aHit);
     /// Ends a running action without leaving half an object: called for Esc and when the tool is left. True
@@ -161,7 +161,7 @@ public Q_SLOTS:
     void slotToolToggled(bool aOn);
 
 protected:
-    /// Connects the kernel's eleven signals to the slots of the same names in the order of the contract.
+    /// Connects the kernel's eleven signals to the slots of the same names, always in the same order.
     void connectKernel();
     /// Gives a new item the step, the unit and the zoom.
     void prepareItem(LmCvObject* aItem);
