@@ -62,8 +62,8 @@ public:
     /// Each outline is the closed polygon through the centres of the border pixels, 8-connected, without the
     /// points inside straight runs; an object of one pixel is one point. Points lie relative to the corner of
     /// the region, which is the offset, and theCoG is set. The list is cleared first. False, with nothing
-    /// found, for anything but a gray image with a region, or when aCancel became true; true also without
-    /// objects. The two flags are reserved and have no effect.
+    /// found, for anything but a gray image with a region, when aCancel became true, or when memory ran out;
+    /// true also without objects. The two flags are reserved and have no effect.
     bool findContourSeq(QLinkedList<LmCVSequence>& aList, const LmImage* aGray, int aMinArea, int aMaxArea,
                         bool aReserved, bool aReservedToo, const std::atomic_bool* aCancel = nullptr);
 
@@ -73,7 +73,7 @@ public:
     /// from 0 on. The area is exact unless it has a texture that makes it porous: then gaps and bays up to a
     /// dozen pixels wide are closed and threads of few pixels cut. It always holds the seed. The outline is
     /// as those of findContourSeq. False, with aContour unchanged, for no image, a seed outside the region,
-    /// or when aCancel became true.
+    /// when aCancel became true, or when memory ran out.
     bool findContourAt(LmCVSequence& aContour, const LmImage* aImage, QPoint aSeed, const int aLower[3],
                        const int aUpper[3], const std::atomic_bool* aCancel = nullptr);
 

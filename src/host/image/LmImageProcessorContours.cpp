@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 
 namespace {
 
@@ -24,8 +25,13 @@ bool LmImageProcessor::findContourSeq(QLinkedList<LmCVSequence>& aList, const Lm
     aList.clear();
     if (!aGray || aGray->channels() != 1 || ImageRegion::isEmpty(*aGray))
         return reject("findContourSeq: the image isn't a gray one with a region");
-    for (const PixelOutline& outline : ContourSearch::outlines(*aGray, aMinArea, aMaxArea, aCancel))
-        aList.append(PixelOutlines::sequence(outline, *aGray));
+    try {
+        for (const PixelOutline& outline : ContourSearch::outlines(*aGray, aMinArea, aMaxArea, aCancel))
+            aList.append(PixelOutlines::sequence(outline, *aGray));
+    } catch (const std::exception&) { // in OpenCV, or memory that isn't there
+        aList.clear();
+        return reject("findContourSeq: the search couldn't be finished");
+    }
     if (isCancelled(aCancel))
         aList.clear();
     return !isCancelled(aCancel);
@@ -48,9 +54,13 @@ bool LmImageProcessor::findContourAt(LmCVSequence& aContour, const LmImage* aIma
         limits.theLeast.fill(*std::max_element(limits.theLeast.begin(), limits.theLeast.end()));
         limits.theGreatest.fill(*std::min_element(limits.theGreatest.begin(), limits.theGreatest.end()));
     }
-    const PixelOutline outline = SeedFlood::outline(*aImage, aSeed, limits);
-    if (isCancelled(aCancel))
-        return false;
-    aContour = PixelOutlines::sequence(outline, *aImage);
+    try {
+        const PixelOutline outline = SeedFlood::outline(*aImage, aSeed, limits);
+        if (isCancelled(aCancel))
+            return false;
+        aContour = PixelOutlines::sequence(outline, *aImage);
+    } catch (const std::exception&) {
+        return reject("findContourAt: the search couldn't be finished");
+    }
     return true;
 }
