@@ -100,7 +100,6 @@ private:
     LmCvArrow* newMark(const CounterLook& aLook, qsizetype aPos);
     LmCvArrow* currentMark() const;
     int currentCounter() const;
-    static bool isHit(LmCvArrow& aMark, const QPoint& aPos);
     bool isAnyPressed() const;
     bool isAnySelected() const;
     int addMark(const QPoint& aPos, int aIdx);

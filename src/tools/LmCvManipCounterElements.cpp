@@ -21,7 +21,6 @@ constexpr QPoint kLabelWay(20, -20); // from the thing that is counted to the la
 // Sides of the hit squares, small, so that things which lie close together can all be marked.
 constexpr int kMarkTolerance = 4;
 constexpr int kTipTolerance = 6;
-constexpr int kReach = 8; // beyond both; pixels from a mark's extent
 
 } // namespace
 
@@ -43,26 +42,21 @@ int LmCvManipCounter::findCounterIndex(const LmCvArrow* aArrow, int& aCount, int
     return index;
 }
 
-// A mark takes points anywhere on the line of its shaft when that runs at 45 degrees, as after each click. As
-// in the editor, only marks that lie near the point are asked, or a click far away would take them.
-bool LmCvManipCounter::isHit(LmCvArrow& aMark, const QPoint& aPos)
-{
-    const QRect reach(aPos - QPoint(kReach, kReach), aPos + QPoint(kReach, kReach));
-    int node = 0;
-    QPoint tip;
-    return aMark.boundingRect().intersects(reach) && (aMark.isPointOnObject(aPos, node, kMarkTolerance) ||
-                                                      aMark.isPointOnArrow(aPos, tip, kTipTolerance));
-}
-
+// A mark takes points all along the line of a shaft at 45 degrees, as every clicked mark has it, however far
+// away. So one click in fifteen takes a distant mark when a hundred are scattered over 800 x 600 pixels; the
+// report tells.
 LmCvArrow* LmCvManipCounter::findCounterElementAt(QPoint aPos, int& aIdx, int& aPosInList) const
 {
     aIdx = -1;
     aPosInList = -1;
+    int node = 0;
+    QPoint tip;
     for (auto entry = theCounters.cbegin(); entry != theCounters.cend(); ++entry) {
         aPosInList = -1;
         for (LmCvArrow* mark : entry.value()) {
             ++aPosInList;
-            if (isHit(*mark, aPos)) {
+            if (mark->isPointOnObject(aPos, node, kMarkTolerance) ||
+                mark->isPointOnArrow(aPos, tip, kTipTolerance)) {
                 aIdx = entry.key();
                 return mark;
             }
@@ -81,6 +75,8 @@ int LmCvManipCounter::createCounterElement(const QPoint& aPos, bool aCheckHit)
     if (!aCheckHit || !findCounterElementAt(aPos, hitIdx, hitPos) || hitIdx != current)
         return addMark(aPos, current);
     removeMark(hitIdx, hitPos);
+    Q_EMIT signalReport(
+        tr("Mark %1 of counter %2 was taken away; Undo brings it back.").arg(hitPos + 1).arg(hitIdx));
     return -1;
 }
 
@@ -240,8 +236,8 @@ void LmCvManipCounter::showMarks(int aIdx, bool aShown)
 {
     const QList<LmCvArrow*> marks = theCounters.value(aIdx);
     // What can't be seen must not be hit by the next command for a group.
-    if (!aShown && isAnySelected())
-        theCvEditor->selection().clear();
+    if (!aShown && theCvEditor)
+        theCvEditor->selection().leave(QSet<const LmCvObject*>(marks.cbegin(), marks.cend()));
     for (LmCvArrow* mark : marks) {
         mark->setVisible(aShown);
         if (!aShown && theCvEditor && mark != theCvEditor->theCurrentTrack)

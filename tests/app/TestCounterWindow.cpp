@@ -5,7 +5,7 @@
 #include "LmCvObject.h"
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
-#include "ModalAnswer.h"
+#include "Q3Table.h"
 #include "TestFont.h"
 
 #include <QAction>
@@ -42,6 +42,7 @@ private Q_SLOTS:
     void menuOffersNoValueForTheLabel();
     void hintTellsWhatTheNextClickDoes();
     void marksAreCountedAboveOtherObjects();
+    void rowOfTheTableActsOnTheFirstMark();
     void savedCountersComeBack();
     void noPictureTakesNoMarks();
 
@@ -276,6 +277,22 @@ void TestCounterWindow::marksAreCountedAboveOtherObjects()
     QCOMPARE(w.counterCount(), 1);
     QCOMPARE(w.distanceCount(), 1);
     QCOMPARE(w.tips(1), QList<QPoint>{QPoint(120, 100)});
+}
+
+void TestCounterWindow::rowOfTheTableActsOnTheFirstMark()
+{
+    FindWindow w;
+    w.count(kThings);
+    w.pickArrow();
+    w.click(QPoint(30, 250));
+    QVERIFY(!w.editor().theCurrentTrack);
+    auto* table = w.window().findChild<Q3Table*>(QStringLiteral("theTable"));
+    QVERIFY(table);
+    QCOMPARE(table->numRows(), 1);
+    QCOMPARE(table->text(0, 0), QStringLiteral("3 pcs"));
+    table->setCurrentCell(0, 1);
+    QVERIFY(w.editor().theCurrentTrack == w.counterTool()->getCvObject(1));
+    QVERIFY(w.editor().theCurrentTrack == w.markAt(w.labelOf(1, 0)));
 }
 
 void TestCounterWindow::savedCountersComeBack()

@@ -36,7 +36,7 @@ private Q_SLOTS:
     void init() { theItem = new LmCvArrow(nullptr, &theCanvas, QStringLiteral("Counter"), &theView); }
     void cleanup() { delete theItem; }
 
-    void startsWithTheStatedValues();
+    void startsEmptyWithBothParts();
     void startPointIsTheMiddleOfTheLowerEdge_data();
     void startPointIsTheMiddleOfTheLowerEdge();
     void tailLooksToTheTip_data();
@@ -63,7 +63,7 @@ void TestArrowGeometry::placeKnownLabel()
     theItem->theTextRect = QRect(QPoint(80, 84), QPoint(120, 100));
 }
 
-void TestArrowGeometry::startsWithTheStatedValues()
+void TestArrowGeometry::startsEmptyWithBothParts()
 {
     QCOMPARE(theItem->rtti(), 1105);
     QCOMPARE(theItem->theLabel, QStringLiteral("Counter"));

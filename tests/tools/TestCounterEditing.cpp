@@ -127,8 +127,8 @@ void TestCounterEditing::escapeInADragRestoresTheMark()
 void TestCounterEditing::escapeInADragKeepsTheCounter()
 {
     CounterFixture& f = *theFixture;
-    f.theTool.slotObjectChangedInKernel(f.kType, 1, f.record(1));
     f.press(f.mark(1, 1)->theTextRect.center());
+    QVERIFY(f.current());
     QVERIFY(!f.theTool.abortAction()); // the mark under the mouse comes first
     f.key(Qt::Key_Escape);
     QCOMPARE(f.theEditor.theCurrentManipulator, &f.theTool);

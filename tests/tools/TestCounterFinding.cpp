@@ -2,6 +2,8 @@
 #include "LmCvDistance.h"
 #include "TestFont.h"
 
+#include <QSignalSpy>
+
 #include <memory>
 
 class TestCounterFinding : public QObject
@@ -19,7 +21,7 @@ private Q_SLOTS:
     void markIsFoundAtItsParts();
     void earlierMarkIsFoundFirst();
     void missTellsTheLastPosition();
-    void clickInLineWithADistantShaftMissesIt();
+    void clickInLineWithADistantShaftTakesItsMark();
 
 private:
     std::unique_ptr<CounterFixture> theFixture;
@@ -150,23 +152,24 @@ void TestCounterFinding::missTellsTheLastPosition()
 
 // The shaft of a clicked mark runs up to the right at 45 degrees. The item takes any point whose square has
 // its diagonal on that line; the square goes from 2 pixels before the point to 1 behind it.
-void TestCounterFinding::clickInLineWithADistantShaftMissesIt()
+void TestCounterFinding::clickInLineWithADistantShaftTakesItsMark()
 {
     CounterFixture& f = *theFixture;
     const QPoint tip(60, 200);
     f.theTool.createCounterElement(tip, true);
-    const QPoint inLine = tip + QPoint(121, -120);
-    int node = 0;
-    QVERIFY(f.mark(1, 0)->isPointOnObject(inLine, node, 4));
+    f.theTool.createCounterElement(tip + QPoint(30, 20), true);
+    QSignalSpy reports(&f.theTool, &LmCvManipulator::signalReport);
     int idx = 5;
     int pos = 5;
-    QVERIFY(!f.theTool.findCounterElementAt(inLine, idx, pos));
-    QCOMPARE(idx, -1);
-    QCOMPARE(pos, 0);
-    QCOMPARE(f.theTool.createCounterElement(inLine, true), 1);
-    QCOMPARE(f.marks(1).size(), 2);
-    // Near its ends the shaft is still taken.
-    QVERIFY(f.theTool.findCounterElementAt(tip + QPoint(10, -10), idx, pos) == f.mark(1, 0));
+    const QPoint besideLine = tip + QPoint(120, -120);
+    QVERIFY(!f.theTool.findCounterElementAt(besideLine, idx, pos));
+    const QPoint inLine = besideLine + QPoint(1, 0);
+    QVERIFY(f.theTool.findCounterElementAt(inLine, idx, pos) == f.mark(1, 0));
+    QCOMPARE(f.theTool.createCounterElement(inLine, true), -1);
+    QCOMPARE(f.tips(1), QList<QPoint>{tip + QPoint(30, 20)});
+    // Nothing that was counted goes unseen.
+    QCOMPARE(reports.size(), 1);
+    QVERIFY(reports[0][0].toString().contains(QStringLiteral("Mark 1 of counter 1")));
 }
 
 MEASURE_TEST_MAIN(TestCounterFinding)

@@ -54,6 +54,13 @@ void LmCvSelection::toggle(LmCvObject* aItem)
     set(items);
 }
 
+void LmCvSelection::leave(const QSet<const LmCvObject*>& aItems)
+{
+    QList<LmCvObject*> items = theItems;
+    if (items.removeIf([&aItems](const LmCvObject* aItem) { return aItems.contains(aItem); }) > 0)
+        set(items);
+}
+
 void LmCvSelection::selectIn(const QRect& aCanvasRect, bool aAdd)
 {
     QList<LmCvObject*> items = aAdd ? theItems : QList<LmCvObject*>();

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QList>
 #include <QRect>
+#include <QSet>
 
 #include <functional>
 
@@ -27,6 +28,8 @@ public:
 
     void clear();
     void toggle(LmCvObject* aItem);
+    /// Those of the items that are in the group leave it, as one change.
+    void leave(const QSet<const LmCvObject*>& aItems);
     /// Selects the visible items that lie in the rectangle; aAdd keeps those selected before.
     void selectIn(const QRect& aCanvasRect, bool aAdd);
     void selectAll();
