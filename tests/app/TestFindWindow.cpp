@@ -242,6 +242,10 @@ void TestFindWindow::rectangleOverThePictureCountsTheCoins()
     w.drag(QPoint(0, 0), QPoint(383, 302));
     QCOMPARE(w.counterCount(), 1);
     QCOMPARE(w.markCount(1), 24);
+    // Row by row, as a person counts.
+    const QList<QPoint> tips = w.tips(1);
+    for (int i = 0; i < tips.size(); ++i)
+        QVERIFY2((tips[i] - kCoins[i]).manhattanLength() < 16, qPrintable(QString::number(i)));
 }
 
 void TestFindWindow::shortDragOverACoinFindsIt()

@@ -6,6 +6,7 @@
 #include "ImageRegion.h"
 #include "ObjectLevel.h"
 #include "PixelRuns.h"
+#include "ReadingOrder.h"
 #include "TouchingObjects.h"
 
 #include <opencv2/imgproc.hpp>
@@ -189,14 +190,6 @@ void addObjects(Scene& aScene, bool aDark, std::vector<FoundObject>& aObjects)
     }
 }
 
-/// Outlines begin with their topmost, then leftmost points.
-bool isBefore(const PixelOutline& aOne, const PixelOutline& aOther)
-{
-    const QPoint one = aOne.front();
-    const QPoint other = aOther.front();
-    return one.y() != other.y() ? one.y() < other.y() : one.x() < other.x();
-}
-
 } // namespace
 
 std::vector<PixelOutline> ContourSearch::outlines(const LmImage& aGray, int aMinArea, int aMaxArea,
@@ -220,6 +213,6 @@ std::vector<PixelOutline> ContourSearch::outlines(const LmImage& aGray, int aMin
                 pixels >= aMinArea && pixels <= aMaxArea)
                 result.push_back(std::move(part));
     }
-    std::sort(result.begin(), result.end(), isBefore);
+    ReadingOrder::sort(result);
     return result;
 }

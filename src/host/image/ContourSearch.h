@@ -13,7 +13,7 @@ class LmImage;
 namespace ContourSearch {
 
 /// The image has one channel and a region. The outlines, relative to the region's corner, of all objects that
-/// have from aMinArea to aMaxArea pixels, by the rows, then the columns of their topmost pixels. None when
+/// have from aMinArea to aMaxArea pixels, in reading order. None when
 /// aCancel became true.
 std::vector<PixelOutline> outlines(const LmImage& aGray, int aMinArea, int aMaxArea,
                                    const std::atomic_bool* aCancel);

@@ -56,7 +56,7 @@ public:
                          const LmCVSequence* aOutline, int aLimit, int aBins);
 
     /// The outlines of the objects that stand out from the background in the region of interest of a gray
-    /// image, holes filled, from top to bottom and from left to right by their topmost pixels. Objects have
+    /// image, holes filled, row by row as a person would count them. Objects have
     /// from aMinArea to aMaxArea pixels, both included, with those of their holes.
     ///
     /// Each outline is the closed polygon through the centres of the border pixels, 8-connected, without the
