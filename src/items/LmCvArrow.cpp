@@ -108,7 +108,8 @@ QPoint LmCvArrow::tailFor(const QPoint& aTip) const
 {
     if (aTip.y() < theTextRect.top())
         return QPoint(PointMath::cut(x()), theTextRect.top());
-    const int middle = PointMath::cut(y() - (theTextRect.bottom() - theTextRect.top() + 1) / 2);
+    const int halfHeight = (theTextRect.bottom() - theTextRect.top() + 1) / 2;
+    const int middle = PointMath::cut(y() - halfHeight);
     if (isBesideLabel(aTip) && aTip.x() > theTextRect.right())
         return QPoint(theTextRect.right() + kSideGap, middle);
     if (isBesideLabel(aTip) && aTip.x() < theTextRect.left())

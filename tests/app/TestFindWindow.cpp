@@ -277,7 +277,7 @@ void TestFindWindow::shortDragOverTheCoffeeFindsItsSurface()
     QVERIFY(surface.containsPoint(QPoint(300, 140), Qt::OddEvenFill));
     for (const QPoint& outside :
          {QPoint(20, 20), QPoint(580, 380), QPoint(190, 120), QPoint(300, 30), QPoint(120, 220)})
-        QVERIFY2(!surface.containsPoint(outside, Qt::OddEvenFill), QTest::toString(outside));
+        QVERIFY2(!surface.containsPoint(outside, Qt::OddEvenFill), qPrintable(QString::number(outside.x())));
 }
 
 void TestFindWindow::altReshapesTheCurrentRegion()

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr int kCounterPoints = 3; // parameter of a counter's record
+constexpr int kPatience = 500;    // ms, more than any search here takes
 
 /// Works for so long; milliseconds.
 void waste(int aTime)
@@ -329,8 +330,8 @@ void TestAutoCreateGroup::cancelledCreationLeavesNothingBehind()
     f.click(QPoint(65, 75));
     f.theStack.setClean();
     f.chooseGroup();
-    f.theAuto.thePatience = 0;
-    connect(&f.theKernel, &LmKSKernelData::signalObjectCreated, &f.theAuto, [] { waste(120); });
+    f.theAuto.thePatience = kPatience;
+    connect(&f.theKernel, &LmKSKernelData::signalObjectCreated, &f.theAuto, [] { waste(kPatience); });
     QSignalSpy created(&f.theKernel, &LmKSKernelData::signalObjectCreated);
     ModalAnswer answer(ModalAnswer::cancel());
     rubber(QPoint(40, 50), QPoint(160, 180));
@@ -356,9 +357,9 @@ void TestAutoCreateGroup::cancelledCountingLeavesTheCounterAsItWas()
     f.theEditor.setCurrentManipulator(&f.theAuto);
     f.theAuto.theNameToType.insert("Counter", counter.theObjectType);
     f.theAuto.theCurrentTypeName = "Counter";
-    f.theAuto.thePatience = 0;
+    f.theAuto.thePatience = kPatience;
     const auto wasting =
-        connect(&f.theKernel, &LmKSKernelData::signalObjectChanged, &f.theAuto, [] { waste(120); });
+        connect(&f.theKernel, &LmKSKernelData::signalObjectChanged, &f.theAuto, [] { waste(kPatience); });
     ModalAnswer answer(ModalAnswer::cancel());
     rubber(QPoint(40, 50), QPoint(160, 180));
     disconnect(wasting);
@@ -367,7 +368,6 @@ void TestAutoCreateGroup::cancelledCountingLeavesTheCounterAsItWas()
     QCOMPARE(counter.theCounters.value(1).size(), 1);
     QVERIFY(f.theEditor.theCurrentTrack == counter.getCvObject(1));
     // The next search goes on with it.
-    f.theAuto.thePatience = 1000;
     rubber(QPoint(40, 50), QPoint(160, 180));
     QCOMPARE(counter.theCounters.value(1).size(), 5);
     f.theStack.setIndex(0);
