@@ -41,6 +41,32 @@ QString discPicture(FindWindow& aWindow, const QList<QPoint>& aMiddles, int aRad
     return file;
 }
 
+/// The sample, or discs in its places.
+void openCoins(FindWindow& aWindow)
+{
+    if (!aWindow.openSample(QStringLiteral("coins.png")))
+        aWindow.open(discPicture(aWindow, kCoins, 20));
+}
+
+/// The sample, or an ellipse in the mouth of a cup in its place.
+void openCoffee(FindWindow& aWindow)
+{
+    if (aWindow.openSample(QStringLiteral("coffee.png")))
+        return;
+    QImage picture(600, 400, QImage::Format_RGB32);
+    picture.fill(QColor(120, 40, 20));
+    QPainter painter(&picture);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(240, 230, 220));
+    painter.drawEllipse(QPoint(290, 113), 117, 95);
+    painter.setBrush(QColor(200, 130, 60));
+    painter.drawEllipse(QPoint(286, 145), 84, 50);
+    painter.end();
+    const QString file = aWindow.path(QStringLiteral("cup.png"));
+    picture.save(file);
+    aWindow.open(file);
+}
+
 const QList<QPoint> kDiscs = {{70, 70}, {180, 80}, {300, 60}, {100, 200}, {330, 210}};
 
 } // namespace
@@ -225,8 +251,7 @@ void TestFindWindow::withoutAPictureTheMenuIsOff()
 void TestFindWindow::rectangleOverThePictureFindsTheCoins()
 {
     FindWindow w;
-    if (!w.openSample(QStringLiteral("coins.png")))
-        QSKIP("the shared pictures aren't here");
+    openCoins(w);
     w.pickAuto({"Region", "Group"});
     w.drag(QPoint(0, 0), QPoint(383, 302));
     QCOMPARE(w.regionCount(), 24);
@@ -236,8 +261,7 @@ void TestFindWindow::rectangleOverThePictureFindsTheCoins()
 void TestFindWindow::rectangleOverThePictureCountsTheCoins()
 {
     FindWindow w;
-    if (!w.openSample(QStringLiteral("coins.png")))
-        QSKIP("the shared pictures aren't here");
+    openCoins(w);
     w.pickAuto({"Counter", "Group"});
     w.drag(QPoint(0, 0), QPoint(383, 302));
     QCOMPARE(w.counterCount(), 1);
@@ -251,8 +275,7 @@ void TestFindWindow::rectangleOverThePictureCountsTheCoins()
 void TestFindWindow::shortDragOverACoinFindsIt()
 {
     FindWindow w;
-    if (!w.openSample(QStringLiteral("coins.png")))
-        QSKIP("the shared pictures aren't here");
+    openCoins(w);
     w.pickAuto({"Region", "Single"});
     w.slowDrag(kCoins[0] - QPoint(12, 6), kCoins[0] + QPoint(12, 6));
     QCOMPARE(w.regionCount(), 1);
@@ -268,8 +291,7 @@ void TestFindWindow::shortDragOverACoinFindsIt()
 void TestFindWindow::shortDragOverTheCoffeeFindsItsSurface()
 {
     FindWindow w;
-    if (!w.openSample(QStringLiteral("coffee.png")))
-        QSKIP("the shared pictures aren't here");
+    openCoffee(w);
     w.pickAuto({"Region", "Single"});
     w.slowDrag(QPoint(290, 130), QPoint(310, 145));
     QCOMPARE(w.regionCount(), 1);

@@ -41,7 +41,8 @@ extern const MeasuredEllipse kCell;
 extern const MeasuredEllipse kCoffee;
 extern const MeasuredEllipse kCup;
 
-/// A shared sample with one or three channels; null where the samples aren't there.
+/// A shared sample with one or three channels. Where the samples aren't there, a picture drawn of the
+/// ellipses that were measured in it.
 std::unique_ptr<LmImage> load(const QString& aName, int aChannels);
 
 /// Of an outline in an image of the given size.
