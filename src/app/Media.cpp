@@ -3,12 +3,13 @@
 #include "LmCvEditor.h"
 #include "LmImage.h"
 #include "LmKSKernelData.h"
-#include "PictureFile.h"
+#include "MediaFile.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -30,23 +31,23 @@ Media::~Media()
     kernel->theMediaFile.clear();
 }
 
-bool Media::open(const QString& aPath, QString& aError)
+bool Media::open(const QString& aPath, QString& aError, const MediaSource::Progress& aProgress)
 {
-    std::unique_ptr<PictureFile> picture = PictureFile::open(aPath, aError);
-    std::unique_ptr<LmImage> image = picture ? picture->readFrame(0, aError) : nullptr;
+    std::unique_ptr<MediaSource> source = MediaFile::open(aPath, aError, aProgress);
+    std::unique_ptr<LmImage> image = source ? source->readFrame(0, aError) : nullptr;
     if (!image)
         return false;
-    take(std::move(picture), std::move(image), 0);
+    take(std::move(source), std::move(image), 0);
     return true;
 }
 
-bool Media::replacePlaceholder(const QString& aPath, QString& aError)
+bool Media::replacePlaceholder(const QString& aPath, QString& aError, const MediaSource::Progress& aProgress)
 {
-    std::unique_ptr<PictureFile> picture = PictureFile::open(aPath, aError);
-    if (!picture)
+    std::unique_ptr<MediaSource> source = MediaFile::open(aPath, aError, aProgress);
+    if (!source)
         return false;
-    const int frame = qMin(theFrame, picture->frameCount() - 1);
-    std::unique_ptr<LmImage> image = picture->readFrame(frame, aError);
+    const int frame = qMin(theFrame, source->frameCount() - 1);
+    std::unique_ptr<LmImage> image = source->readFrame(frame, aError);
     if (!image)
         return false;
     if (theImage && image->size() != theImage->size()) {
@@ -58,7 +59,7 @@ bool Media::replacePlaceholder(const QString& aPath, QString& aError)
                      .arg(theImage->height());
         return false;
     }
-    take(std::move(picture), std::move(image), frame);
+    take(std::move(source), std::move(image), frame);
     return true;
 }
 
@@ -67,18 +68,22 @@ void Media::openPlaceholder(const QString& aPath, QSize aSize, int aFrameCount)
     auto image = std::make_unique<LmImage>(aSize.width(), aSize.height(), 1, nullptr, kPlaceholderRowAlign);
     for (int y = 0; y < image->height(); ++y)
         std::memset(image->row(y), kPlaceholderGray, size_t(image->width()));
-    thePicture.reset();
+    Q_EMIT aboutToLeave();
+    theSource.reset();
     announce(aPath, qMax(1, aFrameCount));
-    show(std::move(image), 0);
+    show(std::move(image), 0, false);
     Q_EMIT opened();
 }
 
-void Media::take(std::unique_ptr<PictureFile> aPicture, std::unique_ptr<LmImage> aImage, int aFrame)
+void Media::take(std::unique_ptr<MediaSource> aSource, std::unique_ptr<LmImage> aImage, int aFrame)
 {
-    thePicture = std::move(aPicture);
-    announce(thePicture->path(), thePicture->frameCount());
-    show(std::move(aImage), aFrame);
+    Q_EMIT aboutToLeave();
+    theSource = std::move(aSource);
+    announce(theSource->path(), theSource->frameCount());
+    show(std::move(aImage), aFrame, false);
     Q_EMIT opened();
+    if (const QString remark = theSource->remark(); !remark.isEmpty())
+        Q_EMIT flawFound(remark);
 }
 
 void Media::announce(const QString& aPath, int aFrameCount)
@@ -97,16 +102,25 @@ bool Media::showFrame(int aFrame, QString& aError)
         return false;
     }
     std::unique_ptr<LmImage> image;
-    if (thePicture) {
-        image = thePicture->readFrame(aFrame, aError);
+    aError.clear();
+    if (theSource) {
+        image = theSource->readFrame(aFrame, aError);
         if (!image)
             return false;
     }
-    show(std::move(image), aFrame);
+    show(std::move(image), aFrame, false);
+    if (const QString flaw = std::exchange(aError, QString()); !flaw.isEmpty())
+        Q_EMIT flawFound(flaw);
     return true;
 }
 
-void Media::show(std::unique_ptr<LmImage> aImage, int aFrame)
+void Media::showPlayed(std::unique_ptr<LmImage> aImage, int aFrame)
+{
+    show(std::move(aImage), aFrame, true);
+}
+
+/// Without an image the present one stays, as on the frames of a placeholder.
+void Media::show(std::unique_ptr<LmImage> aImage, int aFrame, bool aPlaying)
 {
     LmKSKernelData* kernel = LmKSKernelData::getInstance();
     if (aImage) {
@@ -115,8 +129,14 @@ void Media::show(std::unique_ptr<LmImage> aImage, int aFrame)
         theEditor.imageCanvas()->showImage(theImage.get());
     }
     theFrame = aFrame;
-    kernel->showFrame(aFrame, false);
+    kernel->showFrame(aFrame, aPlaying);
     Q_EMIT frameShown(aFrame);
+}
+
+const FrameTimes& Media::times() const
+{
+    static const FrameTimes kNoTimes;
+    return theSource ? theSource->times() : kNoTimes;
 }
 
 QString Media::colorText(const QPoint& aImagePoint) const

@@ -1,13 +1,11 @@
 #ifndef PICTUREFILE_H
 #define PICTUREFILE_H
 
+#include "MediaSource.h"
+
 #include <QCoreApplication>
-#include <QString>
 #include <QStringList>
 
-#include <memory>
-
-class LmImage;
 class QImageReader;
 
 /// A picture file whose pages are shown as frames. Pages are decoded when they are asked for.
@@ -15,7 +13,7 @@ class QImageReader;
 /// What a file is follows from its content, not from its name. 16 bits per channel are reduced to the
 /// upper 8. Gray pictures stay gray, all others become red, green, blue (and alpha where there is one). The
 /// orientation that a camera noted is applied.
-class PictureFile
+class PictureFile : public MediaSource
 {
     Q_DECLARE_TR_FUNCTIONS(PictureFile)
 
@@ -29,12 +27,11 @@ public:
     /// Endings of the files that can be opened, without dot, in lower case.
     static QStringList suffixes();
 
-    ~PictureFile();
+    ~PictureFile() override;
 
-    const QString& path() const { return thePath; }
-    int frameCount() const { return theFrameCount; }
-    /// The page as an image; null with aError set when it can't be read.
-    std::unique_ptr<LmImage> readFrame(int aFrame, QString& aError) const;
+    const QString& path() const override { return thePath; }
+    int frameCount() const override { return theFrameCount; }
+    std::unique_ptr<LmImage> readFrame(int aFrame, QString& aError) override;
 
 private:
     explicit PictureFile(const QString& aPath);
@@ -49,7 +46,7 @@ private:
 
     QString thePath;
     int theFrameCount = 1;
-    mutable std::unique_ptr<LmImage> theFirstPage; // from opening, given away when it is first asked for
+    std::unique_ptr<LmImage> theFirstPage; // from opening, given away when it is first asked for
 };
 
 #endif

@@ -106,7 +106,7 @@ bool PictureFile::checkContent(QString& aError)
     return true;
 }
 
-std::unique_ptr<LmImage> PictureFile::readFrame(int aFrame, QString& aError) const
+std::unique_ptr<LmImage> PictureFile::readFrame(int aFrame, QString& aError)
 {
     if (aFrame < 0 || aFrame >= theFrameCount) {
         aError = tr("%1 has no page %2; choose one from 1 to %3.")

@@ -1,0 +1,17 @@
+#ifndef MEDIAFILE_H
+#define MEDIAFILE_H
+
+#include "MediaSource.h"
+
+#include <QStringList>
+
+/// Opens whatever can be shown, a picture or a video, by its content.
+namespace MediaFile {
+
+/// Null with one sentence in aError when the file can't be opened or the progress was stopped.
+std::unique_ptr<MediaSource> open(const QString& aPath, QString& aError,
+                                  const MediaSource::Progress& aProgress = MediaSource::Progress());
+
+} // namespace MediaFile
+
+#endif

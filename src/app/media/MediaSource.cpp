@@ -1,0 +1,21 @@
+#include "MediaSource.h"
+
+#include "LmImage.h"
+
+MediaSource::~MediaSource() = default;
+
+const FrameTimes& MediaSource::times() const
+{
+    static const FrameTimes kNoTimes;
+    return kNoTimes;
+}
+
+QString MediaSource::remark() const
+{
+    return QString();
+}
+
+std::unique_ptr<LmImage> MediaSource::readQuickFrame(int aFrame, QString& aError)
+{
+    return readFrame(aFrame, aError);
+}
