@@ -1,6 +1,7 @@
 #include "Media.h"
 
 #include "LmCvEditor.h"
+#include "LmCvManipulator.h"
 #include "LmImage.h"
 #include "LmKSKernelData.h"
 #include "MediaFile.h"
@@ -37,6 +38,7 @@ bool Media::open(const QString& aPath, QString& aError, const MediaSource::Progr
     std::unique_ptr<LmImage> image = source ? source->readFrame(0, aError) : nullptr;
     if (!image)
         return false;
+    theRegion = QRect();
     take(std::move(source), std::move(image), 0);
     return true;
 }
@@ -70,6 +72,7 @@ void Media::openPlaceholder(const QString& aPath, QSize aSize, int aFrameCount)
         std::memset(image->row(y), kPlaceholderGray, size_t(image->width()));
     Q_EMIT aboutToLeave();
     theSource.reset();
+    theRegion = QRect();
     announce(aPath, qMax(1, aFrameCount));
     show(std::move(image), 0, false);
     Q_EMIT opened();
@@ -124,6 +127,7 @@ void Media::show(std::unique_ptr<LmImage> aImage, int aFrame, bool aPlaying)
 {
     LmKSKernelData* kernel = LmKSKernelData::getInstance();
     if (aImage) {
+        aImage->setQRoi(theRegion);
         kernel->theCurrentImage = aImage.get();
         theImage = std::move(aImage);
         theEditor.imageCanvas()->showImage(theImage.get());
@@ -131,6 +135,23 @@ void Media::show(std::unique_ptr<LmImage> aImage, int aFrame, bool aPlaying)
     theFrame = aFrame;
     kernel->showFrame(aFrame, aPlaying);
     Q_EMIT frameShown(aFrame);
+}
+
+void Media::setRegion(const QRect& aRegion)
+{
+    if (!theImage)
+        return;
+    const QRect region = aRegion.intersected(QRect(QPoint(0, 0), theImage->size()));
+    if (region == theRegion || (region.isEmpty() && theRegion.isNull()))
+        return;
+    theRegion = region.isEmpty() ? QRect() : region;
+    theImage->setQRoi(theRegion);
+    theEditor.imageCanvas()->showImage(theImage.get());
+    LmKSKernelData* kernel = LmKSKernelData::getInstance();
+    const QList<LmCvManipulator*> tools = kernel->getCvManipulatorList();
+    for (LmCvManipulator* tool : tools)
+        tool->recreateCanvasObjects(kernel->origin(), theFrame, true);
+    Q_EMIT regionChanged();
 }
 
 const FrameTimes& Media::times() const

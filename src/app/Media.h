@@ -4,7 +4,7 @@
 #include "MediaSource.h"
 
 #include <QObject>
-#include <QSize>
+#include <QRect>
 
 class LmCvEditor;
 
@@ -33,6 +33,12 @@ public:
     /// Shows an image of the source while it plays.
     void showPlayed(std::unique_ptr<LmImage> aImage, int aFrame);
 
+    /// Limits all frames to a part of the picture, in image coordinates; a null rectangle takes the limit
+    /// away. Objects keep their places on the picture.
+    void setRegion(const QRect& aRegion);
+    /// Null while the whole picture is shown.
+    QRect region() const { return theRegion; }
+
     bool isOpen() const { return theImage != nullptr; }
     bool isPlaceholder() const { return isOpen() && !theSource; }
     const QString& path() const { return thePath; }
@@ -52,6 +58,7 @@ Q_SIGNALS:
     void aboutToLeave();
     void opened();
     void frameShown(int aFrame);
+    void regionChanged();
     /// Something about the picture that is shown, which the user should know: one sentence.
     void flawFound(const QString& aSentence);
 
@@ -66,6 +73,7 @@ private:
     QString thePath;
     int theFrameCount = 0;
     int theFrame = 0;
+    QRect theRegion; // image; inside the picture
 };
 
 #endif
