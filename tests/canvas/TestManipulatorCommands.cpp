@@ -20,6 +20,7 @@ private Q_SLOTS:
     void removalShownAndColorGoThroughUndoableCommands();
     void hiddenItemIsNoLongerCurrentOrSelected();
     void animationIsSwitchedByACommand();
+    void firstKeyframeIsThePlaceThatTheObjectHas();
     void whatTheRecordSaysAlreadyLeavesTheRedoHistory();
     void foreignItemGivesNoCommand();
     void withoutUndoStackNothingHappens();
@@ -65,6 +66,25 @@ void TestManipulatorCommands::animationIsSwitchedByACommand()
     QVERIFY(f.theTool.record(1)->theAnimated);
     f.theStack.undo();
     QVERIFY(!f.theTool.record(1)->theAnimated);
+}
+
+void TestManipulatorCommands::firstKeyframeIsThePlaceThatTheObjectHas()
+{
+    EditorFixture f;
+    f.theTool.create(QPoint(10, 10));
+    LmKSKernelData::getInstance()->theCurrentFrame = 3;
+    f.theTool.changeAnimationCvObject(f.theTool.item(1), true, false, false);
+    QCOMPARE(f.theTool.record(1)->getKeyframedFrames(), QList<long long>{3});
+    QCOMPARE(f.theStack.undoText(), QStringLiteral("Animate Probe 1"));
+    f.theStack.undo();
+    QVERIFY(f.theTool.record(1)->getKeyframedFrames().isEmpty());
+    f.theStack.redo();
+
+    f.theTool.changeAnimationCvObject(f.theTool.item(1), false, false, false);
+    LmKSKernelData::getInstance()->theCurrentFrame = 5;
+    f.theTool.changeAnimationCvObject(f.theTool.item(1), true, false, false);
+    QCOMPARE(f.theTool.record(1)->getKeyframedFrames(), QList<long long>{3});
+    LmKSKernelData::getInstance()->theCurrentFrame = 0;
 }
 
 void TestManipulatorCommands::whatTheRecordSaysAlreadyLeavesTheRedoHistory()

@@ -105,8 +105,9 @@ void TestManipulatorValues::animationHasOneValuePerKeyframedFrame()
     kernel().theCurrentFrame = 5;
     QString unit;
     const QLinkedList<LmParamKeyframe> animation = f.theTool.getAnimation(QStringLiteral("Count"), 1, unit);
-    QCOMPARE(animation.size(), 2);
-    QCOMPARE(animation.first(), LmParamKeyframe(2, 200));
+    QCOMPARE(animation.size(), 3); // the first from being animated
+    QCOMPARE(animation.first(), LmParamKeyframe(0, 100));
+    QCOMPARE(*std::next(animation.begin()), LmParamKeyframe(2, 200));
     QCOMPARE(animation.last(), LmParamKeyframe(8, 300));
     QCOMPARE(kernel().theCurrentFrame, 5u);
     QVERIFY(f.theTool.getAnimation(QStringLiteral("Count"), 9, unit).isEmpty());

@@ -3,6 +3,7 @@
 
 #include "CmdChangeObjectColor.h"
 #include "CmdRemoveObject.h"
+#include "CmdSetKeyframes.h"
 #include "CmdShowObject.h"
 #include "CmdSwitchAnimation.h"
 #include "ItemRecord.h"
@@ -107,7 +108,16 @@ void LmCvManipulator::changeAnimationCvObject(LmCvObject* aObject, bool aAnimate
 {
     const int idx = getObjectIdx(aObject);
     const LmKernelObjectData* data = theKernelData->getObject(theObjectType, idx);
-    if (idx >= 0 && !(data && data->theAnimated == aAnimated))
+    if (idx < 0 || (data && data->theAnimated == aAnimated))
+        return;
+    // The first keyframe is the place that the object has now: what is changed at another frame then is a
+    // movement, and not the one place for all frames.
+    const bool isFirst = data && aAnimated && data->getKeyframedFrames().isEmpty();
+    if (isFirst)
+        push(new CmdSetKeyframes(theObjectType, idx,
+                                 KeyframeLists::ofFrame(*data, theKernelData->theCurrentFrame), true,
+                                 CmdSwitchAnimation::textOf(theObjectType, idx, true)));
+    else
         push(new CmdSwitchAnimation(theObjectType, idx, aAnimated));
 }
 

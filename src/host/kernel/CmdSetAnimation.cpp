@@ -5,8 +5,6 @@
 #include "LmKernelObjectData.h"
 #include "LmKernelObjectDataDescr.h"
 
-#include <algorithm>
-
 CmdSetAnimation::CmdSetAnimation(int aType, int aIdx, int aParam, QLinkedList<LmParamKeyframe>& aKeyframes)
     : QUndoCommand(commandText(QT_TRANSLATE_NOOP("UndoCommand", "Set keyframes of %1"), aType, aIdx)),
       theType(aType), theIdx(aIdx), theParam(aParam), theKeyframes(LmKernelObjectData::inOrder(aKeyframes))
@@ -19,10 +17,7 @@ bool CmdSetAnimation::isPossible(const LmKernelObjectData* aData) const
         aData->keyframeType(theParam) == ParamDescr::kWhole)
         return false;
     const LmKernelObjectDataDescr* descriptor = LmKSKernelData::getInstance()->getDataDescriptor(theType);
-    return !descriptor ||
-           std::all_of(theKeyframes.cbegin(), theKeyframes.cend(), [&](const LmParamKeyframe& aKeyframe) {
-               return descriptor->accepts(theParam, aKeyframe.getValue());
-           });
+    return !descriptor || descriptor->accepts(theParam, theKeyframes);
 }
 
 void CmdSetAnimation::exchange()

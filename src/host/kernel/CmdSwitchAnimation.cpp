@@ -7,11 +7,15 @@
 #include <utility>
 
 CmdSwitchAnimation::CmdSwitchAnimation(int aType, int aIdx, bool aAnimated)
-    : QUndoCommand(commandText(aAnimated ? QT_TRANSLATE_NOOP("UndoCommand", "Animate %1")
-                                         : QT_TRANSLATE_NOOP("UndoCommand", "Stop animating %1"),
-                               aType, aIdx)),
-      theType(aType), theIdx(aIdx), theAnimated(aAnimated)
+    : QUndoCommand(textOf(aType, aIdx, aAnimated)), theType(aType), theIdx(aIdx), theAnimated(aAnimated)
 {
+}
+
+QString CmdSwitchAnimation::textOf(int aType, int aIdx, bool aAnimated)
+{
+    return commandText(aAnimated ? QT_TRANSLATE_NOOP("UndoCommand", "Animate %1")
+                                 : QT_TRANSLATE_NOOP("UndoCommand", "Stop animating %1"),
+                       aType, aIdx);
 }
 
 void CmdSwitchAnimation::exchange()

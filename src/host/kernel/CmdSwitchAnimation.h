@@ -9,6 +9,9 @@ class CmdSwitchAnimation : public QUndoCommand
 public:
     CmdSwitchAnimation(int aType, int aIdx, bool aAnimated);
 
+    /// What the undo list says of it.
+    static QString textOf(int aType, int aIdx, bool aAnimated);
+
     void redo() override { exchange(); }
     void undo() override { exchange(); }
 

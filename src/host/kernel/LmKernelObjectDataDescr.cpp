@@ -67,6 +67,16 @@ bool LmKernelObjectDataDescr::accepts(int aParam, const QVariant& aValue) const
            aValue.metaType() == QMetaType(theParams[aParam].theType);
 }
 
+bool LmKernelObjectDataDescr::accepts(int aParam, const QLinkedList<LmParamKeyframe>& aKeyframes) const
+{
+    if (aKeyframes.isEmpty())
+        return true;
+    return aParam >= 0 && aParam < count() && theParams[aParam].theKeyframeType != ParamDescr::kWhole &&
+           std::all_of(aKeyframes.cbegin(), aKeyframes.cend(), [&](const LmParamKeyframe& aKeyframe) {
+               return accepts(aParam, aKeyframe.getValue());
+           });
+}
+
 LmKernelObjectData* LmKernelObjectDataDescr::createObjectDataFromXML(const QDomElement& aElement, int& aIdx,
                                                                      QProgressDialog* aProgress) const
 {

@@ -4,6 +4,7 @@
 #include "LmParamKeyframeVector.h"
 #include "ParamDescr.h"
 
+#include <QLinkedList>
 #include <QVector>
 
 class LmKernelObjectData;
@@ -39,6 +40,8 @@ public:
 
     /// Whether the value is of the parameter's very type. Point lists must be real QPolygons here.
     bool accepts(int aParam, const QVariant& aValue) const;
+    /// Whether the parameter can have these keyframes; one of one value for the whole object can have none.
+    bool accepts(int aParam, const QLinkedList<LmParamKeyframe>& aKeyframes) const;
 
     /// A new record, which the caller owns, read from an element that createXML made; null when anything
     /// in it is wrong, and xmlError() then tells what and where. The progress dialog may be null.

@@ -1,0 +1,43 @@
+#include "CmdSetKeyframes.h"
+
+#include "LmKSKernelData.h"
+#include "LmKernelObjectData.h"
+#include "LmKernelObjectDataDescr.h"
+
+#include <utility>
+
+CmdSetKeyframes::CmdSetKeyframes(int aType, int aIdx, const KeyframeLists& aKeyframes, bool aAnimated,
+                                 const QString& aText)
+    : QUndoCommand(aText), theType(aType), theIdx(aIdx), theKeyframes(aKeyframes), theAnimated(aAnimated)
+{
+    for (int param = 0; param < theKeyframes.count(); ++param)
+        theKeyframes.at(param) = LmKernelObjectData::inOrder(theKeyframes.at(param));
+}
+
+bool CmdSetKeyframes::isPossible(const LmKernelObjectData* aData) const
+{
+    const LmKernelObjectDataDescr* descriptor = LmKSKernelData::getInstance()->getDataDescriptor(theType);
+    if (!aData || !descriptor || aData->count() != theKeyframes.count())
+        return false;
+    bool isOther = aData->theAnimated != theAnimated;
+    for (int param = 0; param < aData->count(); ++param) {
+        const KeyframeLists::Keyframes& keyframes = theKeyframes.at(param);
+        if (!descriptor->accepts(param, keyframes))
+            return false;
+        isOther = isOther || !(keyframes == aData->getAnimationKeyframes(param));
+    }
+    return isOther;
+}
+
+void CmdSetKeyframes::exchange()
+{
+    LmKSKernelData* kernel = LmKSKernelData::getInstance();
+    LmKernelObjectData* data = kernel->getObject(theType, theIdx);
+    setObsolete(!isPossible(data));
+    if (isObsolete())
+        return;
+    for (int param = 0; param < data->count(); ++param)
+        data->exchangeKeyframes(param, theKeyframes.at(param));
+    std::swap(data->theAnimated, theAnimated);
+    kernel->announceObjectChanged(theType, theIdx);
+}
