@@ -9,10 +9,7 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
-#include <QDebug>
-
 #include <algorithm>
-#include <memory>
 
 namespace {
 
@@ -167,11 +164,13 @@ bool Encoding::writePacket()
 {
     // The encoder counts frames: what the container shall say of them is put in only here, so that stamps may
     // be equal or as far apart as one likes.
-    thePacket->dts = std::min(stamp(thePacket->dts), stamp(thePacket->pts));
-    thePacket->pts = stamp(thePacket->pts);
-    thePacket->duration = 0;
-    if (theOptions.stamps.empty())
-        thePacket->duration = stamp(1) - stamp(0);
+    const qint64 frame = thePacket->pts;
+    thePacket->dts = std::min(stamp(thePacket->dts), stamp(frame));
+    thePacket->pts = stamp(frame);
+    thePacket->duration =
+        std::max(qint64(1), stamp(std::min(frame + 1, theOptions.count - 1LL)) - stamp(frame));
+    if (frame + 1 == theOptions.count)
+        thePacket->duration = std::max(1, tick().den / theOptions.rate);
     return theMuxer.write(*thePacket, tick());
 }
 
