@@ -2,6 +2,8 @@
 
 namespace {
 
+const QLatin1String kScaleBar("--scale-bar");
+
 struct Option
 {
     const char* theName;
@@ -53,6 +55,7 @@ CommandLine CommandLine::parse(const QStringList& aArguments)
     QStringList options;
     QStringList files;
     sortArguments(aArguments, options, files);
+    const bool scaleBar = options.removeAll(kScaleBar) > 0;
     if (options.size() > 1)
         return wrong(tr("%1 and %2 can't go together").arg(options[0], options[1]));
 
@@ -65,6 +68,9 @@ CommandLine CommandLine::parse(const QStringList& aArguments)
         line.theAction = option->theAction;
         wanted = option->theFiles;
     }
+    if (scaleBar && line.theAction != kRender)
+        return wrong(tr("%1 goes together with --render only").arg(kScaleBar));
+    line.theScaleBar = scaleBar;
     if (files.size() > wanted)
         return wrong(tr("There is one file too many, %1").arg(files[wanted]));
     if (files.size() < wanted)
@@ -90,6 +96,7 @@ QString CommandLine::helpText()
         "measuretools --values FILE          print the values of all objects, separated by tabs\n"
         "measuretools --export FILE OUT.txt  write the table of all objects, as the window exports it\n"
         "measuretools --render FILE OUT.png  write the picture with the objects burned in\n"
+        "             [--scale-bar]          ... and with a scale bar in its lower left corner\n"
         "measuretools --help                 print this text\n"
         "measuretools --version              print the version\n"
         "\n"

@@ -25,6 +25,7 @@ public:
     QString theInput;
     QString theOutput;
     QString theText;
+    bool theScaleBar = false; // in the written picture
 
     /// Reads the arguments without the program's name. It never exits by itself.
     static CommandLine parse(const QStringList& aArguments);

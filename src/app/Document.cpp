@@ -111,6 +111,9 @@ void Document::openPictureOf(const ProjectContent& aContent, QString& aError)
     aError.clear();
     if (!theMedia.open(aContent.thePicture, aError))
         theMedia.openPlaceholder(aContent.thePicture, aContent.thePictureSize, aContent.theFrameCount);
+    // In a picture of another size the region would show some other part.
+    if (theMedia.image()->size() == aContent.thePictureSize)
+        theMedia.setRegion(aContent.theRegion);
     if (aContent.theFrame > 0 && !theMedia.showFrame(aContent.theFrame, aError))
         return;
     if (theMedia.image()->size() != aContent.thePictureSize)

@@ -150,7 +150,8 @@ void FileCommands::exportPicture()
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
     QString error;
-    if (!PictureRenderer::renderTo(theBench.editor(), dialog.selectedFiles().constFirst(), error))
+    if (!PictureRenderer::renderTo(theBench.editor(), dialog.selectedFiles().constFirst(), error,
+                                   theScaleBar))
         tellError(&theWindow, error);
 }
 

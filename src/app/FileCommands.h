@@ -24,6 +24,8 @@ public:
     bool mayLeaveWork();
     /// The first local file that is dragged; empty if there is none.
     static QString draggedFile(const QMimeData* aData);
+    /// Whether exported pictures have a scale bar.
+    void setScaleBar(bool aOn) { theScaleBar = aOn; }
 
 public Q_SLOTS:
     void askOpen();
@@ -42,6 +44,7 @@ private:
     Workbench& theBench;
     RecentFiles& theRecent;
     QWidget& theWindow;
+    bool theScaleBar = false;
 };
 
 #endif

@@ -82,7 +82,7 @@ bool runOn(const CommandLine& aLine, QTextStream& aOut, QString& aError)
     // Values follow from the objects alone, but a picture to draw them on has to be there; aError tells why
     // it isn't.
     return !bench.document().isPictureMissing() &&
-           PictureRenderer::renderTo(bench.editor(), aLine.theOutput, aError);
+           PictureRenderer::renderTo(bench.editor(), aLine.theOutput, aError, aLine.theScaleBar);
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 #include "CalibrationTool.h"
 #include "Document.h"
 #include "FileCommands.h"
-#include "FrameBar.h"
 #include "ItemMenu.h"
 #include "LmAppSettings.h"
 #include "LmCvEditor.h"
@@ -15,8 +14,12 @@
 #include "Messages.h"
 #include "ObjectColor.h"
 #include "RecentFiles.h"
+#include "RegionCommands.h"
+#include "RegionOfInterestTool.h"
 #include "SampleFile.h"
+#include "ScaleBarView.h"
 #include "StatusInfo.h"
+#include "TimelineDock.h"
 #include "ToolSwitch.h"
 #include "UndoDock.h"
 #include "ViewZoom.h"
@@ -36,6 +39,7 @@ namespace {
 
 constexpr QLatin1String kGeometryKey("window/geometry");
 constexpr QLatin1String kStateKey("window/state");
+constexpr QLatin1String kScaleBarKey("view/scaleBar");
 constexpr QLatin1String kExportKey("lastExport");
 constexpr double kFirstHeightOfDocks = 0.45; // of the window's height; the picture has most of the rest
 constexpr double kFirstSizeOfScreen = 0.8;   // of the screen's width and height
@@ -56,6 +60,8 @@ MainWindow::MainWindow(QWidget* aParent)
       theZoom(new ViewZoom(theBench.editor(), this)),
       theCalibration(new CalibrationCommands(theBench.editor(), theBench.undoStack(),
                                              *theActions.theCalibrationMenu, *this)),
+      theRegion(new RegionCommands(theBench.media(), theBench.undoStack(), *theActions.theSetRegion,
+                                   *theActions.theClearRegion, this)),
       theStatus(
           new StatusInfo(*statusBar(), theBench.editor(), theBench.media(), theCalibration->tool(), this))
 {
@@ -68,12 +74,14 @@ MainWindow::MainWindow(QWidget* aParent)
     theBench.loadTools(theActions.theToolBar, theStartError);
     theTools->addTools(theBench.tools(), *theActions.theToolsMenu);
     theStatus->listenTo(theBench.tools());
+    theStatus->listenTo({&theRegion->tool()});
     theTools->setToolsEnabled(false);
     new ObjectColor(*theActions.theColor, *this);
     connectFileActions();
     connectEditActions();
     connectViewActions();
     connectCalibration();
+    connectScaleBar();
     addDocks();
     restoreLayout();
     updateTitle();
@@ -84,6 +92,7 @@ MainWindow::~MainWindow()
 {
     // The parts below listen to the editor, which goes with the workbench before them.
     theCalibration->tool().finish();
+    theRegion->tool().finish();
     theBench.editor().disconnect(this);
     theBench.undoStack().disconnect(this);
 }
@@ -132,6 +141,7 @@ void MainWindow::connectViewActions()
     connect(theActions.theZoomOut, &QAction::triggered, theZoom, &ViewZoom::out);
     connect(theActions.theZoomFit, &QAction::triggered, theZoom, &ViewZoom::fit);
     connect(theActions.theZoomOne, &QAction::triggered, theZoom, &ViewZoom::one);
+    connect(&theBench.media(), &Media::regionChanged, theZoom, &ViewZoom::refit);
     connect(theActions.theShowAll, &QAction::triggered, &theBench.editor(), &LmCvEditor::slotShowAllCvItems);
 }
 
@@ -144,17 +154,25 @@ void MainWindow::connectCalibration()
     connect(theActions.theCalibrations, &QAction::triggered, theCalibration, &CalibrationCommands::manage);
     connect(theCalibration, &CalibrationCommands::changed, theStatus, &StatusInfo::updateCalibration);
     const CalibrationTool& tool = theCalibration->tool();
-    connect(&tool, &CalibrationTool::hintChanged, this,
+    connect(&tool, &CalibrationTool::signalHintChanged, this,
             [this, &tool] { theActions.theKnownLength->setChecked(tool.isRunning()); });
+}
+
+void MainWindow::connectScaleBar()
+{
+    auto* bar = new ScaleBarView(theBench.editor(), theBench.media());
+    connect(theActions.theScaleBar, &QAction::toggled, this, [this, bar](bool aOn) {
+        bar->setOn(aOn);
+        theFiles->setScaleBar(aOn);
+        QSettings().setValue(kScaleBarKey, aOn);
+    });
+    theActions.theScaleBar->setChecked(QSettings().value(kScaleBarKey, false).toBool());
 }
 
 void MainWindow::addDocks()
 {
     addToolDocks();
-    auto* frames =
-        new FrameBar(theBench.media(), *theActions.thePreviousFrame, *theActions.theNextFrame, this);
-    addToolBar(Qt::BottomToolBarArea, frames);
-    connect(frames, &FrameBar::failed, this, [this](const QString& aError) { tellError(this, aError); });
+    addTimeline();
     auto* history = new UndoDock(theBench.undoStack(), this);
     addDockWidget(Qt::RightDockWidgetArea, history);
     history->hide();
@@ -166,6 +184,19 @@ void MainWindow::addDocks()
     theActions.theViewMenu->addActions({history->toggleViewAction(),
                                         theActions.theMainBar->toggleViewAction(),
                                         theActions.theToolBar->toggleViewAction()});
+}
+
+void MainWindow::addTimeline()
+{
+    auto* timeline = new TimelineDock(theBench.media(), theBench.editor(), theBench.undoStack(),
+                                      *theActions.thePreviousFrame, *theActions.theNextFrame,
+                                      *theActions.theFramesMenu, *this);
+    addDockWidget(Qt::BottomDockWidgetArea, timeline);
+    timeline->toggleViewAction()->setShortcut(QKeySequence(tr("Ctrl+Shift+T")));
+    timeline->toggleViewAction()->setStatusTip(tr("Shows or hides the time line of the frames"));
+    theActions.theViewMenu->addAction(timeline->toggleViewAction());
+    connect(timeline, &TimelineDock::failed, this,
+            [this](const QString& aError) { tellError(this, aError); });
 }
 
 void MainWindow::addToolDocks()

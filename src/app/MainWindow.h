@@ -8,9 +8,9 @@
 
 class CalibrationCommands;
 class FileCommands;
-class FrameBar;
 class ItemMenu;
 class RecentFiles;
+class RegionCommands;
 class StatusInfo;
 class ToolSwitch;
 class ViewZoom;
@@ -42,7 +42,9 @@ private:
     void connectEditActions();
     void connectViewActions();
     void connectCalibration();
+    void connectScaleBar();
     void addDocks();
+    void addTimeline();
     void addToolDocks();
     void restoreLayout();
     void pictureOpened();
@@ -57,6 +59,7 @@ private:
     ToolSwitch* theTools;
     ViewZoom* theZoom;
     CalibrationCommands* theCalibration;
+    RegionCommands* theRegion;
     StatusInfo* theStatus;
     QString theStartError; // why there are no tools, until it is told
 };

@@ -3,6 +3,7 @@
 #include "LmCvEditor.h"
 #include "LmCvObject.h"
 #include "LmKSKernelData.h"
+#include "ScaleBar.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -80,7 +81,7 @@ QByteArray formatOf(const QString& aPath)
 
 } // namespace
 
-QImage PictureRenderer::render(LmCvEditor& aEditor)
+QImage PictureRenderer::render(LmCvEditor& aEditor, bool aScaleBar)
 {
     LmCvCanvas* canvas = aEditor.imageCanvas();
     if (!LmKSKernelData::getInstance()->theCurrentImage)
@@ -92,10 +93,14 @@ QImage PictureRenderer::render(LmCvEditor& aEditor)
     const PlainItems plain(aEditor);
     QPainter painter(&picture);
     canvas->drawArea(QRegion(canvas->rect()), painter);
+    painter.resetTransform();
+    painter.setClipping(false);
+    if (aScaleBar)
+        ScaleBar::paintInto(painter, picture.size());
     return picture;
 }
 
-bool PictureRenderer::renderTo(LmCvEditor& aEditor, const QString& aPath, QString& aError)
+bool PictureRenderer::renderTo(LmCvEditor& aEditor, const QString& aPath, QString& aError, bool aScaleBar)
 {
     const QByteArray format = formatOf(aPath);
     const QString name = QDir::toNativeSeparators(aPath);
@@ -104,7 +109,7 @@ bool PictureRenderer::renderTo(LmCvEditor& aEditor, const QString& aPath, QStrin
                      .arg(QLatin1String(format));
         return false;
     }
-    const QImage picture = render(aEditor);
+    const QImage picture = render(aEditor, aScaleBar);
     if (picture.isNull()) {
         aError = tr("There is no picture to write, or memory is short; open one first.");
         return false;

@@ -1,5 +1,6 @@
 #include "ProjectFile.h"
 
+#include "LmImage.h"
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
 #include "LmKernelObjectDataDescr.h"
@@ -58,6 +59,13 @@ QDomElement pictureElement(QDomDocument& aDocument, const QString& aPath, const 
     element.setAttribute(QLatin1String(kAbsolutePath), absolute);
     element.setAttribute(QLatin1String(kWidth), size.width());
     element.setAttribute(QLatin1String(kHeight), size.height());
+    const QRect region = kernel->theCurrentImage->qRoi();
+    if (region != QRect(QPoint(0, 0), size))
+        element.setAttribute(QLatin1String(kRegion), QStringLiteral("%1 %2 %3 %4")
+                                                         .arg(region.x())
+                                                         .arg(region.y())
+                                                         .arg(region.width())
+                                                         .arg(region.height()));
     element.setAttribute(QLatin1String(kFrame), aFrame);
     element.setAttribute(QLatin1String(kFrames), qMax(Int64(1), kernel->theFrameCount));
     return element;

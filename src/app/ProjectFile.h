@@ -6,6 +6,7 @@
 #include <QDomDocument>
 #include <QList>
 #include <QMap>
+#include <QRect>
 #include <QSize>
 #include <QString>
 
@@ -16,6 +17,7 @@ struct ProjectContent
 {
     QString thePicture; // absolute path
     QSize thePictureSize;
+    QRect theRegion; // inside the picture; null for the whole
     int theFrame = 0;
     int theFrameCount = 1;
     QMap<QString, LmCalibData> theCalibrations;

@@ -13,6 +13,7 @@ constexpr char kWidth[] = "width";
 constexpr char kHeight[] = "height";
 constexpr char kFrame[] = "frame";
 constexpr char kFrames[] = "frames";
+constexpr char kRegion[] = "region"; // x, y, width, height; missing for the whole picture
 constexpr char kCalibrations[] = "calibrations";
 constexpr char kCurrent[] = "current";
 constexpr char kCalibration[] = "calibration";

@@ -183,8 +183,30 @@ bool ProjectReader::readPicture(const QDomElement& aElement)
     if (!intAttribute(aElement, kFrame, 0, theContent.theFrameCount - 1, theContent.theFrame))
         return damagedAt(aElement, tr("the frame is missing or impossible"));
     theContent.thePictureSize = QSize(width, height);
+    if (!readRegion(aElement))
+        return damagedAt(aElement, tr("the region of interest is no rectangle inside the picture"));
     theContent.thePicture = findPicture(aElement);
     return theContent.thePicture.isEmpty() ? damagedAt(aElement, tr("the path is missing")) : true;
+}
+
+/// True without a region as well.
+bool ProjectReader::readRegion(const QDomElement& aElement)
+{
+    if (!aElement.hasAttribute(QLatin1String(kRegion)))
+        return true;
+    const QStringList texts = aElement.attribute(QLatin1String(kRegion)).split(QLatin1Char(' '));
+    QList<int> numbers;
+    for (const QString& text : texts) {
+        bool isNumber = false;
+        numbers << text.toInt(&isNumber);
+        // No number beyond the picture's size is right, and sums of smaller ones don't overflow.
+        if (!isNumber || numbers.last() < 0 || numbers.last() > PictureFile::kMaxPixels)
+            return false;
+    }
+    if (numbers.size() != 4 || numbers[2] < 1 || numbers[3] < 1)
+        return false;
+    theContent.theRegion = QRect(numbers[0], numbers[1], numbers[2], numbers[3]);
+    return QRect(QPoint(0, 0), theContent.thePictureSize).contains(theContent.theRegion);
 }
 
 /// The relative path counts where it leads to a file, else the absolute one.

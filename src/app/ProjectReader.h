@@ -24,6 +24,7 @@ private:
     bool checkRoot(class QXmlStreamReader& aReader);
     bool readRoot();
     bool readPicture(const QDomElement& aElement);
+    bool readRegion(const QDomElement& aElement);
     bool readCalibrations(const QDomElement& aElement);
     bool readCalibration(const QDomElement& aElement);
     bool readObjects(const QDomElement& aElement);

@@ -5,6 +5,7 @@
 #include "ElidedLabel.h"
 #include "LmCvEditor.h"
 #include "LmCvManipulator.h"
+#include "LmImage.h"
 #include "LmKSKernelData.h"
 #include "Media.h"
 
@@ -26,19 +27,23 @@ StatusInfo::StatusInfo(QStatusBar& aBar, const LmCvEditor& aEditor, const Media&
                         QStringLiteral("R 888  G 888  B 888"));
     theZoom = addField(aBar, QStringLiteral("zoom"), tr("Zoom"), QStringLiteral("8888 %"));
     theCalibration = addField(aBar, QStringLiteral("calibration"), tr("Calibration"), QString());
+    theRegion = addField(aBar, QStringLiteral("region"), tr("Region of interest"), QString());
     theFrame = addField(aBar, QStringLiteral("frame"), tr("Frame"), QString());
 
     connect(&aEditor, &LmCvEditor::signalPointerMoved, this, &StatusInfo::showPointer);
     connect(&aEditor, &LmCvEditor::signalPointerLeft, this, &StatusInfo::hidePointer);
     connect(&aEditor, &LmCvEditor::signalZoomChanged, this, &StatusInfo::showZoom);
     connect(&aEditor, &LmCvEditor::signalCurrentManipulatorChanged, this, &StatusInfo::updateHint);
-    connect(&aTool, &CalibrationTool::hintChanged, this, &StatusInfo::updateHint);
+    connect(&aTool, &CalibrationTool::signalHintChanged, this, &StatusInfo::updateHint);
     connect(&theMedia, &Media::opened, this, &StatusInfo::updateHint);
     connect(&theMedia, &Media::opened, this, &StatusInfo::updateFrame);
     connect(&theMedia, &Media::frameShown, this, &StatusInfo::updateFrame);
+    connect(&theMedia, &Media::opened, this, &StatusInfo::updateRegion);
+    connect(&theMedia, &Media::regionChanged, this, &StatusInfo::updateRegion);
     showZoom(aEditor.zoom());
     updateCalibration();
     updateFrame();
+    updateRegion();
     updateHint();
 }
 
@@ -101,10 +106,10 @@ QString StatusInfo::positionText(const QPoint& aImagePoint)
 
 void StatusInfo::showPointer(const QPoint& aCanvasPoint)
 {
+    const LmImage* image = LmKSKernelData::getInstance()->theCurrentImage;
     const QPoint imagePoint = aCanvasPoint + LmKSKernelData::getInstance()->origin();
     thePointer = aCanvasPoint;
-    thePointerInside =
-        QRect(QPoint(), LmKSKernelData::getInstance()->getCurrentImageSize()).contains(imagePoint);
+    thePointerInside = image && image->qRoi().contains(imagePoint);
     thePosition->setText(thePointerInside ? positionText(imagePoint) : QString());
     theColor->setText(thePointerInside ? theMedia.colorText(imagePoint) : QString());
 }
@@ -139,4 +144,13 @@ void StatusInfo::updateFrame()
                               : QString());
     theFrame->setVisible(several);
     updateCalibration();
+}
+
+void StatusInfo::updateRegion()
+{
+    const QSize size = theMedia.region().size();
+    theRegion->setText(tr("Region %1 x %2 px").arg(size.width()).arg(size.height()));
+    theRegion->setVisible(!theMedia.region().isNull());
+    // Another pixel is under the pointer now, which only its next move tells.
+    hidePointer();
 }

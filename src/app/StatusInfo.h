@@ -37,6 +37,7 @@ private:
     void hidePointer();
     void showZoom(double aZoom);
     void updateFrame();
+    void updateRegion();
 
     QStatusBar& theBar;
     const LmCvEditor& theEditor;
@@ -47,6 +48,7 @@ private:
     QLabel* theColor;
     QLabel* theZoom;
     QLabel* theCalibration;
+    QLabel* theRegion;
     QLabel* theFrame;
     QPoint thePointer; // canvas
     bool thePointerInside = false;

@@ -18,6 +18,12 @@ void ViewZoom::fit()
     theFitting = true;
 }
 
+void ViewZoom::refit()
+{
+    if (theFitting)
+        fit();
+}
+
 void ViewZoom::one()
 {
     const QPoint middle = theEditor.viewport()->rect().center();
@@ -40,12 +46,6 @@ bool ViewZoom::eventFilter(QObject* aObject, QEvent* aEvent)
 {
     // The editor's own resize event comes after its layout, with the viewport at its new size.
     if (aEvent->type() == QEvent::Resize && theFitting)
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                if (theFitting)
-                    fit();
-            },
-            Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &ViewZoom::refit, Qt::QueuedConnection);
     return QObject::eventFilter(aObject, aEvent);
 }

@@ -18,6 +18,8 @@ public:
 
 public Q_SLOTS:
     void fit();
+    /// Fits the picture, which has another size now, where it was fitted before.
+    void refit();
     void one();
     void in() { step(1); }
     void out() { step(-1); }

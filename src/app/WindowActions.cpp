@@ -104,6 +104,15 @@ void WindowActions::makeViewActions()
                      tr("Shows one picture pixel as one pixel of the screen"));
     theShowAll = add(QStringLiteral("show-all"), tr("Show &All Objects"), QKeySequence(tr("Ctrl+H")),
                      tr("Shows the hidden objects again"));
+    theSetRegion =
+        add(QStringLiteral("set-region"), tr("Set &Region of Interest"), QKeySequence(tr("Ctrl+R")),
+            tr("Limits view and work to a part of the picture: drag a rectangle around it"));
+    theSetRegion->setCheckable(true);
+    theClearRegion = add(QStringLiteral("clear-region"), tr("&Clear Region of Interest"),
+                         QKeySequence(tr("Ctrl+Shift+R")), tr("Shows the whole picture again"));
+    theScaleBar = add(QStringLiteral("scale-bar"), tr("Scale &Bar"), QKeySequence(tr("Ctrl+B")),
+                      tr("Shows or hides a bar of known length, also in exported pictures"));
+    theScaleBar->setCheckable(true);
     thePreviousFrame = add(QStringLiteral("previous-frame"), tr("&Previous Frame"),
                            QKeySequence(Qt::Key_PageUp), tr("Goes one frame back"));
     theNextFrame = add(QStringLiteral("next-frame"), tr("&Next Frame"), QKeySequence(Qt::Key_PageDown),
@@ -123,6 +132,10 @@ void WindowActions::makeToolActions()
     thePixelSize =
         add(QStringLiteral("pixel-size"), tr("By the Size of a &Pixel..."), QKeySequence(tr("Ctrl+Shift+P")),
             tr("Calibrates the picture by a pixel size that is known"));
+    theResolution = add(QStringLiteral("resolution"), tr("From the Picture's &Resolution..."),
+                        QKeySequence(tr("Ctrl+Shift+D")),
+                        tr("Calibrates the picture by the resolution that is noted in its file"));
+    theResolution->setEnabled(false);
     theCalibrations = add(QStringLiteral("calibrations"), tr("&Manage Calibrations..."),
                           QKeySequence(tr("Ctrl+Shift+K")), tr("Switches, renames and removes calibrations"));
     theAbout = add(QStringLiteral("measuretools"), tr("&About MeasureTools"), QKeySequence(Qt::Key_F1),
@@ -153,17 +166,21 @@ void WindowActions::makeMenus()
     theViewMenu = bar.addMenu(tr("&View"));
     theViewMenu->addActions({theZoomIn, theZoomOut, theZoomFit, theZoomOne});
     theViewMenu->addSeparator();
-    theViewMenu->addAction(theShowAll);
+    theViewMenu->addActions({theSetRegion, theClearRegion});
     theViewMenu->addSeparator();
-    theViewMenu->addActions({thePreviousFrame, theNextFrame});
+    theViewMenu->addActions({theShowAll, theScaleBar});
     theViewMenu->addSeparator();
+
+    theFramesMenu = bar.addMenu(tr("F&rames"));
+    theFramesMenu->addActions({thePreviousFrame, theNextFrame});
+    theFramesMenu->addSeparator();
 
     theToolsMenu = bar.addMenu(tr("&Tools"));
     theToolsMenu->addAction(theArrow);
     theToolsMenu->addSeparator();
 
     theCalibrationMenu = bar.addMenu(tr("&Calibration"));
-    theCalibrationMenu->addActions({theKnownLength, thePixelSize, theCalibrations});
+    theCalibrationMenu->addActions({theKnownLength, thePixelSize, theResolution, theCalibrations});
     theCalibrationMenu->addSeparator();
 
     bar.addMenu(tr("&Help"))->addAction(theAbout);
@@ -186,7 +203,8 @@ void WindowActions::makeToolBars()
 
 void WindowActions::setPictureOpen(bool aOpen)
 {
-    for (QAction* action : {theSave, theSaveAs, theExport, theSelectAll, theZoomIn, theZoomOut, theZoomFit,
-                            theZoomOne, theShowAll, theKnownLength, thePixelSize, theCalibrations})
+    for (QAction* action :
+         {theSave, theSaveAs, theExport, theSelectAll, theZoomIn, theZoomOut, theZoomFit, theZoomOne,
+          theShowAll, theSetRegion, theKnownLength, thePixelSize, theCalibrations})
         action->setEnabled(aOpen);
 }

@@ -36,16 +36,21 @@ public:
     QAction* theZoomFit = nullptr;
     QAction* theZoomOne = nullptr;
     QAction* theShowAll = nullptr;
+    QAction* theSetRegion = nullptr;
+    QAction* theClearRegion = nullptr;
+    QAction* theScaleBar = nullptr;
     QAction* thePreviousFrame = nullptr;
     QAction* theNextFrame = nullptr;
     QAction* theArrow = nullptr;
     QAction* theKnownLength = nullptr;
     QAction* thePixelSize = nullptr;
+    QAction* theResolution = nullptr;
     QAction* theCalibrations = nullptr;
     QAction* theAbout = nullptr;
 
     QMenu* theRecentMenu = nullptr;
     QMenu* theViewMenu = nullptr; // the window adds its docks and bars at the end
+    QMenu* theFramesMenu = nullptr; // the time line adds its actions at the end
     QMenu* theToolsMenu = nullptr;
     QMenu* theCalibrationMenu = nullptr; // the named calibrations are added at the end
     QToolBar* theMainBar = nullptr;

@@ -14,11 +14,8 @@ constexpr double kMinWay = 3.0;
 
 } // namespace
 
-CalibrationTool::CalibrationTool(LmCvEditor& aEditor, QObject* aParent) : LmCvManipulator(aParent)
+CalibrationTool::CalibrationTool(LmCvEditor& aEditor, QObject* aParent) : GestureTool(aEditor, aParent)
 {
-    theCursor = QCursor(Qt::CrossCursor);
-    setCvEditor(&aEditor);
-    connect(&aEditor, &LmCvEditor::signalCurrentManipulatorChanged, this, &CalibrationTool::toolChanged);
     connect(&aEditor, &LmCvEditor::signalZoomChanged, this, [this](double aZoom) {
         if (theLine)
             theLine->setZoom(aZoom);
@@ -27,13 +24,15 @@ CalibrationTool::CalibrationTool(LmCvEditor& aEditor, QObject* aParent) : LmCvMa
 
 CalibrationTool::~CalibrationTool() = default;
 
-void CalibrationTool::start()
+void CalibrationTool::begin()
 {
-    if (isRunning())
-        return;
-    theFormerTool = theCvEditor->theCurrentManipulator;
-    theCvEditor->setCurrentManipulator(this);
     setState(kWantFirst);
+}
+
+void CalibrationTool::end()
+{
+    removeLine();
+    setState(kOff);
 }
 
 QString CalibrationTool::hint() const
@@ -48,16 +47,6 @@ QString CalibrationTool::hint() const
         break;
     }
     return QString();
-}
-
-void CalibrationTool::finish()
-{
-    if (!isRunning())
-        return;
-    removeLine();
-    setState(kOff);
-    if (theCvEditor->theCurrentManipulator == this)
-        theCvEditor->setCurrentManipulator(theFormerTool);
 }
 
 void CalibrationTool::mousePressEvent(QMouseEvent* aEvent)
@@ -145,16 +134,8 @@ void CalibrationTool::removeLine()
     theCvEditor->getCanvas()->update();
 }
 
-void CalibrationTool::toolChanged(LmCvManipulator* aTool)
-{
-    if (aTool == this || !isRunning())
-        return;
-    removeLine();
-    setState(kOff);
-}
-
 void CalibrationTool::setState(State aState)
 {
     theState = aState;
-    Q_EMIT hintChanged();
+    Q_EMIT signalHintChanged();
 }
