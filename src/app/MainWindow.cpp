@@ -41,6 +41,7 @@ constexpr QLatin1String kGeometryKey("window/geometry");
 constexpr QLatin1String kStateKey("window/state");
 constexpr QLatin1String kScaleBarKey("view/scaleBar");
 constexpr QLatin1String kExportKey("lastExport");
+constexpr int kReadingTime = 12000;          // ms
 constexpr double kFirstHeightOfDocks = 0.45; // of the window's height; the picture has most of the rest
 constexpr double kFirstSizeOfScreen = 0.8;   // of the screen's width and height
 
@@ -117,6 +118,8 @@ void MainWindow::connectFileActions()
     connect(theActions.theQuit, &QAction::triggered, this, &MainWindow::close);
     connect(theActions.theAbout, &QAction::triggered, this, [this] { tellAbout(this); });
     connect(&theBench.media(), &Media::opened, this, &MainWindow::pictureOpened);
+    connect(&theBench.media(), &Media::flawFound, this,
+            [this](const QString& aSentence) { statusBar()->showMessage(aSentence, kReadingTime); });
     connect(&theBench.document(), &Document::changed, this, &MainWindow::updateTitle);
     connect(&theBench.undoStack(), &QUndoStack::cleanChanged, this, &MainWindow::updateTitle);
 }
@@ -171,8 +174,8 @@ void MainWindow::connectScaleBar()
 
 void MainWindow::addDocks()
 {
-    addToolDocks();
     addTimeline();
+    addToolDocks();
     auto* history = new UndoDock(theBench.undoStack(), this);
     addDockWidget(Qt::RightDockWidgetArea, history);
     history->hide();
@@ -188,22 +191,23 @@ void MainWindow::addDocks()
 
 void MainWindow::addTimeline()
 {
-    auto* timeline = new TimelineDock(theBench.media(), theBench.editor(), theBench.undoStack(),
-                                      *theActions.thePreviousFrame, *theActions.theNextFrame,
-                                      *theActions.theFramesMenu, *this);
-    addDockWidget(Qt::BottomDockWidgetArea, timeline);
-    timeline->toggleViewAction()->setShortcut(QKeySequence(tr("Ctrl+Shift+T")));
-    timeline->toggleViewAction()->setStatusTip(tr("Shows or hides the time line of the frames"));
-    theActions.theViewMenu->addAction(timeline->toggleViewAction());
-    connect(timeline, &TimelineDock::failed, this,
+    theTimeline = new TimelineDock(theBench.media(), theBench.editor(), theBench.undoStack(),
+                                   *theActions.thePreviousFrame, *theActions.theNextFrame,
+                                   *theActions.theFramesMenu, *this);
+    addDockWidget(Qt::BottomDockWidgetArea, theTimeline, Qt::Vertical);
+    theTimeline->toggleViewAction()->setShortcut(QKeySequence(tr("Ctrl+Shift+T")));
+    theTimeline->toggleViewAction()->setStatusTip(tr("Shows or hides the time line of the frames"));
+    theActions.theViewMenu->addAction(theTimeline->toggleViewAction());
+    connect(theTimeline, &TimelineDock::failed, this,
             [this](const QString& aError) { tellError(this, aError); });
 }
 
 void MainWindow::addToolDocks()
 {
-    const auto docks = findChildren<QDockWidget*>();
-    for (QDockWidget* dock : docks) {
-        addDockWidget(Qt::BottomDockWidgetArea, dock);
+    auto docks = findChildren<QDockWidget*>();
+    docks.removeOne(theTimeline);
+    for (QDockWidget* dock : std::as_const(docks)) {
+        addDockWidget(Qt::BottomDockWidgetArea, dock, Qt::Vertical);
         dock->toggleViewAction()->setStatusTip(
             tr("Shows or hides the table of all objects and their values"));
         theActions.theViewMenu->addAction(dock->toggleViewAction());
@@ -224,6 +228,7 @@ void MainWindow::restoreLayout()
             if (dockWidgetArea(dock) == Qt::BottomDockWidgetArea)
                 resizeDocks({dock}, {int(height() * kFirstHeightOfDocks)}, Qt::Vertical);
     }
+    theTimeline->followMedia();
     LmAppSettings::theLastExcelFile = settings.value(kExportKey, firstExportFile()).toString();
 }
 

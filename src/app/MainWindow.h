@@ -12,6 +12,7 @@ class ItemMenu;
 class RecentFiles;
 class RegionCommands;
 class StatusInfo;
+class TimelineDock;
 class ToolSwitch;
 class ViewZoom;
 
@@ -61,7 +62,8 @@ private:
     CalibrationCommands* theCalibration;
     RegionCommands* theRegion;
     StatusInfo* theStatus;
-    QString theStartError; // why there are no tools, until it is told
+    TimelineDock* theTimeline = nullptr; // made with the docks
+    QString theStartError;               // why there are no tools, until it is told
 };
 
 #endif

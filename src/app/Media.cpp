@@ -106,6 +106,7 @@ bool Media::showFrame(int aFrame, QString& aError)
     }
     std::unique_ptr<LmImage> image;
     aError.clear();
+    Q_EMIT aboutToRead();
     if (theSource) {
         image = theSource->readFrame(aFrame, aError);
         if (!image)

@@ -46,7 +46,8 @@ public:
     int frame() const { return theFrame; }
     /// Empty for pictures.
     const FrameTimes& times() const;
-    /// Null for a placeholder. Whoever reads from it in another thread stops before another file is opened.
+    /// Null for a placeholder. Whoever reads from it in another thread stops at aboutToRead() and
+    /// aboutToLeave().
     MediaSource* source() const { return theSource.get(); }
     const LmImage* image() const { return theImage.get(); }
     LmCvEditor& editor() const { return theEditor; }
@@ -54,6 +55,8 @@ public:
     QString colorText(const QPoint& aImagePoint) const;
 
 Q_SIGNALS:
+    /// A frame is about to be read from the source, which may be in use by another thread until now.
+    void aboutToRead();
     /// The present source is about to go.
     void aboutToLeave();
     void opened();

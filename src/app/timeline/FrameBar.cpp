@@ -1,0 +1,98 @@
+#include "FrameBar.h"
+
+#include "FrameText.h"
+#include "Media.h"
+#include "Player.h"
+#include "TimelineActions.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+FrameBar::FrameBar(Media& aMedia, Player& aPlayer, const TimelineActions& aActions, QAction& aPrevious,
+                   QAction& aNext, QWidget* aParent)
+    : QToolBar(tr("Frames"), aParent), theMedia(aMedia), thePlayer(aPlayer), thePrevious(aPrevious),
+      theNext(aNext), theNumber(new QSpinBox(this)), theCount(new QLabel(this)), theTime(new QLineEdit(this)),
+      theSpeed(new QComboBox(this))
+{
+    setObjectName(QStringLiteral("frameBar"));
+    makeFields();
+    makeSpeeds();
+    addActions(
+        {aActions.thePreviousKeyframe, &thePrevious, aActions.thePlay, &theNext, aActions.theNextKeyframe});
+    addSeparator();
+    addWidget(theNumber);
+    addWidget(theCount);
+    theTimeAction = addWidget(theTime);
+    addSeparator();
+    addWidget(theSpeed);
+    addAction(aActions.theLoop);
+    addSeparator();
+    addActions({aActions.theObjectAnimated, aActions.theSetKeyframe, aActions.theViewAnimated});
+
+    connect(&thePrevious, &QAction::triggered, this, [this] { go(theMedia.frame() - 1); });
+    connect(&theNext, &QAction::triggered, this, [this] { go(theMedia.frame() + 1); });
+    connect(&theMedia, &Media::opened, this, &FrameBar::follow);
+    connect(&theMedia, &Media::frameShown, this, &FrameBar::follow);
+    follow();
+}
+
+void FrameBar::makeFields()
+{
+    theNumber->setObjectName(QStringLiteral("frameNumber"));
+    theNumber->setAccessibleName(tr("Number of the frame"));
+    theNumber->setPrefix(tr("Frame "));
+    theNumber->setKeyboardTracking(false);
+    connect(theNumber, &QSpinBox::valueChanged, this, [this](int aNumber) { go(aNumber - 1); });
+
+    theTime->setObjectName(QStringLiteral("frameTime"));
+    theTime->setAccessibleName(tr("Time of the frame"));
+    theTime->setToolTip(tr("Time of the frame; type another one to go there, such as 2.5 or 1:05.2"));
+    theTime->setMaximumWidth(theTime->fontMetrics().horizontalAdvance(QStringLiteral("0:00:00.000 s  ")));
+    connect(theTime, &QLineEdit::editingFinished, this, &FrameBar::goToTime);
+}
+
+void FrameBar::makeSpeeds()
+{
+    theSpeed->setObjectName(QStringLiteral("speed"));
+    theSpeed->setAccessibleName(tr("Speed"));
+    theSpeed->setToolTip(tr("How fast the video plays"));
+    for (double speed = Player::kSlowest; speed <= Player::kFastest; speed *= 2.0)
+        theSpeed->addItem(speed < 1.0 ? tr("1/%1 x").arg(1.0 / speed) : tr("%1 x").arg(speed), speed);
+    theSpeed->setCurrentIndex(theSpeed->findData(1.0));
+    connect(theSpeed, &QComboBox::currentIndexChanged, this,
+            [this](int aIndex) { thePlayer.setSpeed(theSpeed->itemData(aIndex).toDouble()); });
+}
+
+void FrameBar::go(int aFrame)
+{
+    QString error;
+    if (aFrame != theMedia.frame() && !theMedia.showFrame(aFrame, error))
+        Q_EMIT failed(error);
+    follow();
+}
+
+void FrameBar::goToTime()
+{
+    double seconds = 0.0;
+    if (theTime->isModified() && FrameText::fromText(theTime->text(), seconds))
+        go(theMedia.times().frameAt(seconds));
+    follow();
+}
+
+void FrameBar::follow()
+{
+    const int count = theMedia.isOpen() ? theMedia.frameCount() : 0;
+    const FrameTimes& times = theMedia.times();
+    const QSignalBlocker blocker(theNumber);
+    theNumber->setRange(1, qMax(1, count));
+    theNumber->setValue(theMedia.frame() + 1);
+    theCount->setText(tr(" of %1 ").arg(count));
+    theTimeAction->setVisible(!times.isEmpty());
+    theTime->setText(FrameText::time(times.at(theMedia.frame())));
+    thePrevious.setEnabled(theMedia.frame() > 0 && count > 1);
+    theNext.setEnabled(theMedia.frame() + 1 < count);
+}
