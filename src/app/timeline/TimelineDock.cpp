@@ -1,0 +1,43 @@
+#include "TimelineDock.h"
+
+#include "FrameBar.h"
+#include "KeyframeTrack.h"
+#include "Media.h"
+#include "Player.h"
+#include "TimelineActions.h"
+#include "TimelineView.h"
+
+#include <QAction>
+#include <QVBoxLayout>
+
+TimelineDock::TimelineDock(Media& aMedia, LmCvEditor& aEditor, QUndoStack& aStack, QAction& aPrevious,
+                           QAction& aNext, QMenu& aMenu, QWidget& aWindow)
+    : QDockWidget(tr("Time Line"), &aWindow), theMedia(aMedia), thePlayer(new Player(aMedia, this))
+{
+    setObjectName(QStringLiteral("timelineDock"));
+    auto* track = new KeyframeTrack(aEditor, aStack, this);
+    auto* actions = new TimelineActions(aMedia, *thePlayer, *track, aStack, aWindow);
+    auto* content = new QWidget(this);
+    auto* bar = new FrameBar(aMedia, *thePlayer, *actions, aPrevious, aNext, content);
+    auto* view = new TimelineView(aMedia, *track, content);
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->setSizeConstraint(QLayout::SetMinAndMaxSize); // the line needs no more height than it has
+    layout->addWidget(bar);
+    layout->addWidget(view);
+    setWidget(content);
+    actions->attach(*view);
+    actions->fillMenu(aMenu);
+    connect(actions, &TimelineActions::failed, this, &TimelineDock::failed);
+    connect(bar, &FrameBar::failed, this, &TimelineDock::failed);
+    connect(&aMedia, &Media::opened, this, &TimelineDock::followMedia);
+    followMedia();
+}
+
+void TimelineDock::followMedia()
+{
+    const bool several = theMedia.isOpen() && theMedia.frameCount() > 1;
+    setVisible(several);
+    toggleViewAction()->setEnabled(several);
+}
