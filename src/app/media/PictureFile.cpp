@@ -1,6 +1,7 @@
 #include "PictureFile.h"
 
 #include "LmImage.h"
+#include "MediaFile.h"
 #include "PictureEnd.h"
 #include "PicturePixels.h"
 #include "QuietStderr.h"
@@ -38,6 +39,13 @@ void setUp(QImageReader& aReader)
     QImageReader::setAllocationLimit(int(PictureFile::kMaxPixels * kMaxBytesPerPixel / kBytesPerMegabyte));
 }
 
+/// Before anything else is asked of the reader.
+bool hasKnownFormat(QImageReader& aReader)
+{
+    setUp(aReader);
+    return knownFormats().contains(baseFormat(aReader.format()));
+}
+
 } // namespace
 
 PictureFile::PictureFile(const QString& aPath) : thePath(QFileInfo(aPath).absoluteFilePath()) {}
@@ -53,7 +61,7 @@ std::unique_ptr<PictureFile> PictureFile::open(const QString& aPath, QString& aE
 {
     std::unique_ptr<PictureFile> file(new PictureFile(aPath));
     const QuietStderr quiet;
-    if (!file->checkFile(aError) || !file->checkContent(aError))
+    if (!MediaFile::check(file->thePath, file->subject(), aError) || !file->checkContent(aError))
         return nullptr;
     file->theFirstPage = file->decode(0, aError);
     return file->theFirstPage ? std::move(file) : nullptr;
@@ -70,22 +78,11 @@ QStringList PictureFile::suffixes()
     return suffixes;
 }
 
-bool PictureFile::checkFile(QString& aError) const
+bool PictureFile::isPicture(const QString& aPath)
 {
-    const QFileInfo info(thePath);
-    if (!info.exists())
-        aError = tr("%1 is not there; look where it was moved or choose another one.").arg(subject());
-    else if (info.isDir())
-        aError = tr("%1 is a folder; choose a picture in it.").arg(subject());
-    else if (!info.isFile())
-        aError = tr("%1 is not a plain file; choose another one.").arg(subject());
-    else if (!QFile(thePath).open(QIODevice::ReadOnly))
-        aError = tr("%1 may not be read; change its permissions or choose another one.").arg(subject());
-    else if (info.size() == 0)
-        aError = tr("%1 is empty; copy it again from its source.").arg(subject());
-    else
-        return true;
-    return false;
+    const QuietStderr quiet;
+    QImageReader reader(aPath);
+    return hasKnownFormat(reader);
 }
 
 bool PictureFile::checkContent(QString& aError)
@@ -96,8 +93,7 @@ bool PictureFile::checkContent(QString& aError)
         return false;
     }
     QImageReader reader(thePath);
-    setUp(reader);
-    if (!knownFormats().contains(baseFormat(reader.format()))) {
+    if (!hasKnownFormat(reader)) {
         aError = tr("%1 is of an unknown kind; open a PNG, JPEG, TIFF, BMP or WebP file.").arg(subject());
         return false;
     }
@@ -118,7 +114,7 @@ std::unique_ptr<LmImage> PictureFile::readFrame(int aFrame, QString& aError)
     if (aFrame == 0 && theFirstPage)
         return std::move(theFirstPage);
     const QuietStderr quiet;
-    return checkFile(aError) ? decode(aFrame, aError) : nullptr;
+    return MediaFile::check(thePath, subject(), aError) ? decode(aFrame, aError) : nullptr;
 }
 
 std::unique_ptr<LmImage> PictureFile::decode(int aFrame, QString& aError) const

@@ -24,6 +24,8 @@ public:
     /// Opens a file and decodes its first page; null when that fails, and aError is then one sentence for the
     /// user.
     static std::unique_ptr<PictureFile> open(const QString& aPath, QString& aError);
+    /// Whether the content of the file has the signature of a picture.
+    static bool isPicture(const QString& aPath);
     /// Endings of the files that can be opened, without dot, in lower case.
     static QStringList suffixes();
 
@@ -39,7 +41,6 @@ private:
     std::unique_ptr<LmImage> decode(int aFrame, QString& aError) const;
     std::unique_ptr<LmImage> decodePage(QImageReader& aReader, QString& aError) const;
     static bool selectPage(QImageReader& aReader, int aFrame);
-    bool checkFile(QString& aError) const;
     bool checkContent(QString& aError);
     /// "The picture NAME" as the beginning of a sentence.
     QString subject() const;

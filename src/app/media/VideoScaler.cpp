@@ -1,0 +1,147 @@
+#include "VideoScaler.h"
+
+extern "C" {
+#include <libavutil/opt.h>
+#include <libavutil/pixdesc.h>
+}
+
+#include <tuple>
+
+namespace {
+
+// The converter writes whole vectors, beyond the end of a row and behind the last one.
+constexpr int kVector = 64;
+
+/// The old names of formats that tell the range of their values by the name.
+AVPixelFormat plainFormat(int aFormat)
+{
+    switch (aFormat) {
+    case AV_PIX_FMT_YUVJ420P:
+        return AV_PIX_FMT_YUV420P;
+    case AV_PIX_FMT_YUVJ422P:
+        return AV_PIX_FMT_YUV422P;
+    case AV_PIX_FMT_YUVJ444P:
+        return AV_PIX_FMT_YUV444P;
+    case AV_PIX_FMT_YUVJ440P:
+        return AV_PIX_FMT_YUV440P;
+    case AV_PIX_FMT_YUVJ411P:
+        return AV_PIX_FMT_YUV411P;
+    default:
+        return AVPixelFormat(aFormat);
+    }
+}
+
+bool isGray(AVPixelFormat aFormat)
+{
+    const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(aFormat);
+    return format && format->nb_components == 1 && !(format->flags & AV_PIX_FMT_FLAG_PAL);
+}
+
+int matrixOf(const AVFrame& aFrame)
+{
+    // From here on videos are of high definition, which has another matrix where nothing is told.
+    constexpr int kHighDefinition = 720;
+    switch (aFrame.colorspace) {
+    case AVCOL_SPC_BT709:
+        return SWS_CS_ITU709;
+    case AVCOL_SPC_FCC:
+        return SWS_CS_FCC;
+    case AVCOL_SPC_BT470BG:
+    case AVCOL_SPC_SMPTE170M:
+        return SWS_CS_ITU601;
+    case AVCOL_SPC_SMPTE240M:
+        return SWS_CS_SMPTE240M;
+    case AVCOL_SPC_BT2020_NCL:
+    case AVCOL_SPC_BT2020_CL:
+        return SWS_CS_BT2020;
+    default:
+        return aFrame.height >= kHighDefinition ? SWS_CS_ITU709 : SWS_CS_ITU601;
+    }
+}
+
+/// In 1/256 of a pixel; the left column of a pair is where the usual codecs take the colour.
+int chromaAcross(AVChromaLocation aLocation)
+{
+    const bool isMiddle =
+        aLocation == AVCHROMA_LOC_CENTER || aLocation == AVCHROMA_LOC_TOP || aLocation == AVCHROMA_LOC_BOTTOM;
+    return isMiddle ? 128 : 0;
+}
+
+int chromaDown(AVChromaLocation aLocation)
+{
+    if (aLocation == AVCHROMA_LOC_TOPLEFT || aLocation == AVCHROMA_LOC_TOP)
+        return 0;
+    return aLocation == AVCHROMA_LOC_BOTTOMLEFT || aLocation == AVCHROMA_LOC_BOTTOM ? 256 : 128;
+}
+
+} // namespace
+
+bool VideoScaler::Kind::operator==(const Kind& aOther) const
+{
+    const auto all = [](const Kind& aKind) {
+        return std::tie(aKind.theFormat, aKind.theWidth, aKind.theHeight, aKind.theFullRange, aKind.theMatrix,
+                        aKind.theChroma);
+    };
+    return all(*this) == all(aOther);
+}
+
+VideoScaler::Kind VideoScaler::kindOf(const AVFrame& aFrame)
+{
+    Kind kind;
+    kind.theFormat = plainFormat(aFrame.format);
+    kind.theWidth = aFrame.width;
+    kind.theHeight = aFrame.height;
+    const bool isToldFull = aFrame.color_range == AVCOL_RANGE_JPEG || kind.theFormat != aFrame.format;
+    kind.theFullRange =
+        isToldFull || (isGray(kind.theFormat) && aFrame.color_range == AVCOL_RANGE_UNSPECIFIED);
+    kind.theMatrix = matrixOf(aFrame);
+    kind.theChroma = aFrame.chroma_location;
+    return kind;
+}
+
+bool VideoScaler::convert(const AVFrame& aFrame)
+{
+    const Kind kind = kindOf(aFrame);
+    if ((!theContext || !(kind == theKind)) && !setUp(kind))
+        return false;
+    uint8_t* const target[] = {theRows.data(), nullptr, nullptr, nullptr};
+    const int bytesPerRow[] = {theBytesPerRow, 0, 0, 0};
+    return sws_scale(theContext.get(), aFrame.data, aFrame.linesize, 0, aFrame.height, target, bytesPerRow) ==
+           aFrame.height;
+}
+
+bool VideoScaler::setUp(const Kind& aKind)
+{
+    // Measured colours shall not depend on the shortcuts of the converter, nor the chroma of a pixel on where
+    // it stands in its pair.
+    constexpr int kExact = SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP | SWS_BICUBIC;
+    constexpr int kOne = 1 << 16; // contrast and saturation
+    theChannels = isGray(aKind.theFormat) ? 1 : 3;
+    theContext.reset(sws_alloc_context());
+    SwsContext* context = theContext.get();
+    if (!context || !sws_isSupportedInput(aKind.theFormat))
+        return false;
+    const auto set = [context](const char* aName, int aValue) { av_opt_set_int(context, aName, aValue, 0); };
+    set("srcw", aKind.theWidth);
+    set("srch", aKind.theHeight);
+    set("src_format", aKind.theFormat);
+    set("dstw", aKind.theWidth);
+    set("dsth", aKind.theHeight);
+    set("dst_format", theChannels == 1 ? AV_PIX_FMT_GRAY8 : AV_PIX_FMT_RGB24);
+    set("sws_flags", theAccurate ? kExact : SWS_FAST_BILINEAR);
+    if (theAccurate) {
+        set("src_h_chr_pos", chromaAcross(aKind.theChroma));
+        set("src_v_chr_pos", chromaDown(aKind.theChroma));
+    }
+    const int* matrix = sws_getCoefficients(aKind.theMatrix);
+    sws_setColorspaceDetails(context, matrix, aKind.theFullRange, sws_getCoefficients(SWS_CS_DEFAULT), 1, 0,
+                             kOne, kOne);
+    if (sws_init_context(context, nullptr, nullptr) < 0) {
+        theContext.reset();
+        return false;
+    }
+    theKind = aKind;
+    theBytesPerRow = (aKind.theWidth * theChannels + kVector) / kVector * kVector;
+    theRows.resize(size_t(theBytesPerRow) * size_t(aKind.theHeight) + kVector);
+    return true;
+}
