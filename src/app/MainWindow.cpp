@@ -16,6 +16,7 @@
 #include "RecentFiles.h"
 #include "RegionCommands.h"
 #include "RegionOfInterestTool.h"
+#include "ResolutionTag.h"
 #include "SampleFile.h"
 #include "ScaleBarView.h"
 #include "StatusInfo.h"
@@ -154,6 +155,8 @@ void MainWindow::connectCalibration()
             &CalibrationCommands::calibrateByLength);
     connect(theActions.thePixelSize, &QAction::triggered, theCalibration,
             &CalibrationCommands::calibrateByPixelSize);
+    connect(theActions.theResolution, &QAction::triggered, theCalibration,
+            &CalibrationCommands::calibrateByResolution);
     connect(theActions.theCalibrations, &QAction::triggered, theCalibration, &CalibrationCommands::manage);
     connect(theCalibration, &CalibrationCommands::changed, theStatus, &StatusInfo::updateCalibration);
     const CalibrationTool& tool = theCalibration->tool();
@@ -236,6 +239,7 @@ void MainWindow::pictureOpened()
 {
     theCalibration->tool().finish();
     theActions.setPictureOpen(true);
+    theActions.theResolution->setEnabled(ResolutionTag::read(theBench.media().path()).isNoted());
     theTools->setToolsEnabled(true);
     theZoom->fit();
 }

@@ -44,6 +44,16 @@ double pixelSize(const LmCalibData& aData)
     return isUsable(aData) && width > 0.0 ? aData.theValue / width : 0.0;
 }
 
+QString meaning(const LmCalibData& aData)
+{
+    if (!isUsable(aData))
+        return QCoreApplication::translate(
+                   "Calibration", "The picture would be less than 0.001 %1 wide; choose a smaller unit.")
+            .arg(aData.theUnit);
+    return QCoreApplication::translate("Calibration", "The picture is %1 %3 wide, a pixel %2 %3.")
+        .arg(numberText(aData.theValue), numberText(pixelSize(aData)), aData.theUnit);
+}
+
 QString freeName()
 {
     const QStringList taken = names();

@@ -19,6 +19,9 @@ bool isUsable(const LmCalibData& aData);
 /// The size of a pixel in the calibration's unit; 0 for a calibration that isn't usable or without a picture.
 double pixelSize(const LmCalibData& aData);
 
+/// What a calibration says of picture and pixel: one sentence for a dialog.
+QString meaning(const LmCalibData& aData);
+
 /// "Calibration 1" or the next that isn't taken.
 QString freeName();
 /// The names of all calibrations in the order in which they are shown.

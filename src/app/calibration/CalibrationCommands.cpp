@@ -7,6 +7,8 @@
 #include "CmdCalibrate.h"
 #include "LmKSKernelData.h"
 #include "Messages.h"
+#include "ResolutionDialog.h"
+#include "ResolutionTag.h"
 
 #include <QActionGroup>
 #include <QMenu>
@@ -106,6 +108,25 @@ void CalibrationCommands::wayMeasured(double aPixels)
 void CalibrationCommands::calibrateByPixelSize()
 {
     CalibrationDialog dialog(CalibrationDialog::kPixelSize, 0.0, &theWindow);
+    if (dialog.exec() == QDialog::Accepted)
+        set(dialog.name(), dialog.calibration());
+}
+
+void CalibrationCommands::calibrateByResolution()
+{
+    const ResolutionTag tag = ResolutionTag::read(LmKSKernelData::getInstance()->theMediaFile);
+    if (!tag.isNoted()) {
+        tellError(&theWindow,
+                  tr("The picture's file notes no resolution any more; calibrate by a known length."));
+        return;
+    }
+    if (!tag.isSquare()) {
+        tellError(&theWindow, tr("The file notes %1, but pixels are taken to be square; calibrate by a known "
+                                 "length.")
+                                  .arg(ResolutionDialog::tagText(tag)));
+        return;
+    }
+    ResolutionDialog dialog(tag, &theWindow);
     if (dialog.exec() == QDialog::Accepted)
         set(dialog.name(), dialog.calibration());
 }

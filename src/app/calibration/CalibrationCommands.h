@@ -37,6 +37,8 @@ public:
 public Q_SLOTS:
     void calibrateByLength();
     void calibrateByPixelSize();
+    /// By the resolution noted in the file of the current picture.
+    void calibrateByResolution();
     void manage();
 
 Q_SIGNALS:

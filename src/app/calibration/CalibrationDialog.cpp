@@ -90,12 +90,8 @@ QString CalibrationDialog::explanation(const LmCalibData& aData) const
         return tr("This is not a number above zero.");
     if (aData.theUnit.isEmpty())
         return tr("Enter a unit, for example mm.");
-    if (!Calibration::isUsable(aData))
-        return tr("The picture would be less than 0.001 %1 wide; choose a smaller unit.").arg(aData.theUnit);
-    const QString width = Calibration::numberText(aData.theValue);
-    const QString pixel = Calibration::numberText(Calibration::pixelSize(aData));
-    QString text = tr("The picture is %1 %3 wide, a pixel %2 %3.").arg(width, pixel, aData.theUnit);
-    if (Calibration::names().contains(name()))
+    QString text = Calibration::meaning(aData);
+    if (Calibration::isUsable(aData) && Calibration::names().contains(name()))
         text += QLatin1Char('\n') + tr("This replaces “%1”.").arg(name());
     return text;
 }
