@@ -18,8 +18,9 @@ constexpr double kShareOfRoom = 5.0;
 // In a picture, letters are this share of its height, and never too small to be read.
 constexpr int kTextShare = 40;
 constexpr int kMinTextHeight = 10;
-// White letters keep a contrast of more than 5 to 1 on it also over white.
-const QColor kPlate(0, 0, 0, 160);
+// White shows on the plate, and the plate's edge shows on a picture as dark as the plate.
+const QColor kPlate(40, 40, 40);
+const QColor kEdge(150, 150, 150);
 
 QFont fontOf(int aTextHeight)
 {
@@ -104,18 +105,15 @@ void ScaleBar::paint(QPainter& aPainter, int aTextHeight) const
     const int space = margin(aTextHeight);
     const int thick = thickness(aTextHeight);
     aPainter.save();
-    aPainter.setRenderHint(QPainter::Antialiasing);
-    aPainter.setPen(Qt::NoPen);
-    aPainter.setBrush(kPlate);
-    aPainter.drawRoundedRect(QRect(QPoint(0, 0), plate), space / 2.0, space / 2.0);
-    // Without smoothing, so that the bar's ends are exactly where they belong.
-    aPainter.setRenderHint(QPainter::Antialiasing, false);
-    const QRectF bar((plate.width() - std::round(thePixels)) / 2, plate.height() - space - thick,
-                     std::round(thePixels), thick);
-    aPainter.fillRect(QRectF(std::floor(bar.x()), bar.y(), bar.width(), bar.height()), Qt::white);
+    aPainter.fillRect(QRect(QPoint(0, 0), plate), kEdge);
+    aPainter.fillRect(QRect(QPoint(1, 1), plate - QSize(2, 2)), kPlate);
+    const int length = int(std::round(thePixels));
+    const QRect bar((plate.width() - length) / 2, plate.height() - space - thick, length, thick);
+    aPainter.fillRect(bar, Qt::white);
     aPainter.setFont(fontOf(aTextHeight));
     aPainter.setPen(Qt::white);
-    aPainter.drawText(QRectF(0, space / 2.0, plate.width(), bar.y() - space / 2.0), Qt::AlignCenter, theText);
+    aPainter.drawText(QRectF(0, space / 2.0, plate.width(), bar.top() - space / 2.0), Qt::AlignCenter,
+                      theText);
     aPainter.restore();
 }
 

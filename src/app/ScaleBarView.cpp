@@ -20,6 +20,7 @@ ScaleBarView::ScaleBarView(LmCvEditor& aEditor, const Media& aMedia)
 {
     setObjectName(QStringLiteral("scaleBar"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::NoFocus);
     hide();
     aEditor.viewport()->installEventFilter(this);

@@ -11,8 +11,8 @@ class Media;
 /// The scale bar in the lower left corner of the view. It follows zoom, calibration and picture, leaves the
 /// mouse to the canvas and stands still while the picture scrolls.
 ///
-/// It is a child of the viewport: beside it, it would overlap it, and Qt would then paint the whole view anew
-/// for every step of a pan instead of moving its pixels.
+/// It is an opaque child of the viewport. Beside the viewport, or translucent, it would make Qt paint the
+/// whole view anew for every step of a pan instead of moving its pixels.
 class ScaleBarView : public QWidget
 {
     Q_OBJECT
