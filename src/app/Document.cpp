@@ -1,5 +1,6 @@
 #include "Document.h"
 
+#include "CmdAnimateView.h"
 #include "LmCvEditor.h"
 #include "LmCvManipulator.h"
 #include "LmImage.h"
@@ -64,7 +65,7 @@ bool Document::open(const QString& aPath, QString& aError)
 
 bool Document::openPicture(const QString& aPath, QString& aError)
 {
-    if (!theMedia.open(aPath, aError))
+    if (!openMedia(aPath, aError))
         return false;
     clearObjects();
     theProjectPath.clear();
@@ -90,7 +91,8 @@ bool Document::openProject(const QString& aPath, QString& aError)
 
 bool Document::readProject(const QString& aPath, ProjectContent& aContent, QString& aError)
 {
-    LoadProgress progress(tr("Checking the objects..."), theProgressParent);
+    constexpr int kManyObjects = 2000;
+    LoadProgress progress(tr("Checking the objects..."), theProgressParent, kManyObjects);
     return ProjectFile::read(aPath, aContent, aError,
                              [&progress](int aDone, int aCount) { return progress.report(aDone, aCount); });
 }
@@ -103,22 +105,45 @@ void Document::clearObjects()
     theStack.clear();
     removeRecords();
     clearCalibrations();
+    if (LmCvManipulator::theCurrentViewAnimated)
+        CmdAnimateView::show(false);
     thePictureRelocated = false;
+}
+
+bool Document::openMedia(const QString& aPath, QString& aError)
+{
+    LoadProgress progress(tr("Reading %1...").arg(QFileInfo(aPath).fileName()), theProgressParent, 1);
+    return theMedia.open(aPath, aError,
+                         [&progress](int aDone, int aCount) { return progress.report(aDone, aCount); });
 }
 
 void Document::openPictureOf(const ProjectContent& aContent, QString& aError)
 {
     aError.clear();
-    if (!theMedia.open(aContent.thePicture, aError))
+    if (!openMedia(aContent.thePicture, aError))
         theMedia.openPlaceholder(aContent.thePicture, aContent.thePictureSize, aContent.theFrameCount);
     // In a picture of another size the region would show some other part.
     if (theMedia.image()->size() == aContent.thePictureSize)
         theMedia.setRegion(aContent.theRegion);
-    if (aContent.theFrame > 0 && !theMedia.showFrame(aContent.theFrame, aError))
+    const int frame = qMin(aContent.theFrame, theMedia.frameCount() - 1);
+    if (frame > 0 && !theMedia.showFrame(frame, aError))
         return;
+    if (const QString other = difference(aContent); !other.isEmpty())
+        aError = other;
+}
+
+QString Document::difference(const ProjectContent& aContent) const
+{
+    const QString name = QDir::toNativeSeparators(theMedia.path());
     if (theMedia.image()->size() != aContent.thePictureSize)
-        aError = tr("The picture %1 has another size than when the project was saved; check the calibration.")
-                     .arg(QDir::toNativeSeparators(theMedia.path()));
+        return tr("The picture %1 has another size than when the project was saved; check the calibration.")
+            .arg(name);
+    if (theMedia.frameCount() != aContent.theFrameCount)
+        return tr("%1 has %2 frames instead of %3 as when the project was saved; check the keyframes.")
+            .arg(name)
+            .arg(theMedia.frameCount())
+            .arg(aContent.theFrameCount);
+    return QString();
 }
 
 void Document::setCalibrations(const ProjectContent& aContent)
@@ -138,7 +163,10 @@ void Document::constructObjects(const ProjectContent& aContent)
     theStack.endMacro();
     theStack.clear();
     // Tools make their items from the default keyframes; the frame puts those that follow it in their places.
-    kernel()->showFrame(theMedia.frame(), false);
+    if (aContent.theViewAnimated)
+        CmdAnimateView::show(true);
+    else
+        kernel()->showFrame(theMedia.frame(), false);
 }
 
 bool Document::locatePicture(const QString& aPath, QString& aError)
@@ -147,7 +175,9 @@ bool Document::locatePicture(const QString& aPath, QString& aError)
         aError = tr("The picture of this project is already shown; open another picture instead.");
         return false;
     }
-    if (!theMedia.replacePlaceholder(aPath, aError))
+    LoadProgress progress(tr("Reading %1...").arg(QFileInfo(aPath).fileName()), theProgressParent, 1);
+    if (!theMedia.replacePlaceholder(
+            aPath, aError, [&progress](int aDone, int aCount) { return progress.report(aDone, aCount); }))
         return false;
     thePictureRelocated = true;
     Q_EMIT changed();

@@ -46,7 +46,11 @@ private:
     bool readProject(const QString& aPath, ProjectContent& aContent, QString& aError);
     /// Takes all objects and calibrations away, after which nothing can be undone.
     void clearObjects();
+    /// Tells how far the reading of a long video is, and lets it be stopped.
+    bool openMedia(const QString& aPath, QString& aError);
     void openPictureOf(const ProjectContent& aContent, QString& aError);
+    /// What of the picture isn't as it was when the project was saved; empty if all is.
+    QString difference(const ProjectContent& aContent) const;
     void setCalibrations(const ProjectContent& aContent);
     void constructObjects(const ProjectContent& aContent);
 

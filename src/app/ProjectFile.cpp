@@ -1,5 +1,6 @@
 #include "ProjectFile.h"
 
+#include "LmCvManipulator.h"
 #include "LmImage.h"
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
@@ -68,6 +69,8 @@ QDomElement pictureElement(QDomDocument& aDocument, const QString& aPath, const 
                                                          .arg(region.height()));
     element.setAttribute(QLatin1String(kFrame), aFrame);
     element.setAttribute(QLatin1String(kFrames), qMax(Int64(1), kernel->theFrameCount));
+    if (LmCvManipulator::theCurrentViewAnimated)
+        element.setAttribute(QLatin1String(kViewAnimated), 1);
     return element;
 }
 

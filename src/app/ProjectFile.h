@@ -20,6 +20,7 @@ struct ProjectContent
     QRect theRegion; // inside the picture; null for the whole
     int theFrame = 0;
     int theFrameCount = 1;
+    bool theViewAnimated = false;
     QMap<QString, LmCalibData> theCalibrations;
     QString theCurrentCalibration;
     QDomDocument theDocument; // keeps the elements alive

@@ -14,6 +14,7 @@ constexpr char kHeight[] = "height";
 constexpr char kFrame[] = "frame";
 constexpr char kFrames[] = "frames";
 constexpr char kRegion[] = "region"; // x, y, width, height; missing for the whole picture
+constexpr char kViewAnimated[] = "viewanimated"; // 1; missing for no
 constexpr char kCalibrations[] = "calibrations";
 constexpr char kCurrent[] = "current";
 constexpr char kCalibration[] = "calibration";

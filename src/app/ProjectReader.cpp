@@ -182,6 +182,7 @@ bool ProjectReader::readPicture(const QDomElement& aElement)
         return damagedAt(aElement, tr("the number of frames is missing or impossible"));
     if (!intAttribute(aElement, kFrame, 0, theContent.theFrameCount - 1, theContent.theFrame))
         return damagedAt(aElement, tr("the frame is missing or impossible"));
+    theContent.theViewAnimated = aElement.attribute(QLatin1String(kViewAnimated)) == QLatin1String("1");
     theContent.thePictureSize = QSize(width, height);
     if (!readRegion(aElement))
         return damagedAt(aElement, tr("the region of interest is no rectangle inside the picture"));

@@ -36,6 +36,7 @@ Q_SIGNALS:
     void menuWanted(int aFrame, const QPoint& aGlobalPos);
 
 protected:
+    bool event(QEvent* aEvent) override;
     bool viewportEvent(QEvent* aEvent) override;
     void paintEvent(QPaintEvent* aEvent) override;
     void resizeEvent(QResizeEvent* aEvent) override;
@@ -66,6 +67,7 @@ private:
     void pressKeyframe(int aFrame, Qt::KeyboardModifiers aModifiers);
     void selectBand();
     void endGesture(bool aAbort);
+    QAction* actionOf(const QKeyEvent& aEvent) const;
 
     static constexpr int kKeyframeRadius = 6; // pixels
     static constexpr int kTickHeight = 6;     // pixels

@@ -4,6 +4,7 @@
 #include "KeyframeTrack.h"
 #include "Media.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -95,7 +96,8 @@ void TimelineView::mouseMoveEvent(QMouseEvent* aEvent)
 
 void TimelineView::selectBand()
 {
-    const auto [left, right] = std::minmax(thePress.x(), theMouse.x());
+    const int left = qMin(thePress.x(), theMouse.x());
+    const int right = qMax(thePress.x(), theMouse.x());
     QList<int> frames;
     for (const int frame : theTrack.frames())
         if (theScale.xOf(frame) >= left && theScale.xOf(frame) <= right)
@@ -146,8 +148,33 @@ void TimelineView::wheelEvent(QWheelEvent* aEvent)
     aEvent->accept();
 }
 
+/// The action of the line that has the key as its shortcut, or null.
+QAction* TimelineView::actionOf(const QKeyEvent& aEvent) const
+{
+    const QKeySequence key(aEvent.keyCombination());
+    const auto own = actions();
+    const auto found = std::find_if(own.begin(), own.end(), [&key](const QAction* aAction) {
+        return aAction->shortcuts().contains(key);
+    });
+    return found == own.end() ? nullptr : *found;
+}
+
+/// The window has other uses for some of the keys, so the line takes its own before they become shortcuts.
+bool TimelineView::event(QEvent* aEvent)
+{
+    if (aEvent->type() == QEvent::ShortcutOverride && actionOf(static_cast<QKeyEvent&>(*aEvent))) {
+        aEvent->accept();
+        return true;
+    }
+    return QAbstractScrollArea::event(aEvent);
+}
+
 void TimelineView::keyPressEvent(QKeyEvent* aEvent)
 {
+    if (QAction* action = actionOf(*aEvent)) {
+        action->trigger();
+        return;
+    }
     const int last = theMedia.frameCount() - 1;
     switch (aEvent->key()) {
     case Qt::Key_Left:
