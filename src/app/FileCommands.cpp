@@ -7,6 +7,7 @@
 #include "PictureFile.h"
 #include "PictureRenderer.h"
 #include "RecentFiles.h"
+#include "VideoFile.h"
 #include "Workbench.h"
 
 #include <QDir>
@@ -33,17 +34,18 @@ QString patterns(const QStringList& aSuffixes)
     return names.join(QLatin1Char(' '));
 }
 
-QString pictureFilter()
+QString pictureFilters()
 {
-    return FileCommands::tr("Pictures (%1)").arg(patterns(PictureFile::suffixes()));
+    return FileCommands::tr("Pictures (%1)").arg(patterns(PictureFile::suffixes())) + QLatin1String(";;") +
+           FileCommands::tr("Videos (%1)").arg(patterns(VideoFile::suffixes()));
 }
 
 QString openFilters()
 {
-    const QStringList all = QStringList(kProjectSuffix) + PictureFile::suffixes();
-    const QStringList filters{FileCommands::tr("Pictures and projects (%1)").arg(patterns(all)),
+    const QStringList all = QStringList(kProjectSuffix) + PictureFile::suffixes() + VideoFile::suffixes();
+    const QStringList filters{FileCommands::tr("Pictures, videos and projects (%1)").arg(patterns(all)),
                               FileCommands::tr("Projects (%1)").arg(patterns({kProjectSuffix})),
-                              pictureFilter(), FileCommands::tr("All files (*)")};
+                              pictureFilters(), FileCommands::tr("All files (*)")};
     return filters.join(QLatin1String(";;"));
 }
 
@@ -78,6 +80,14 @@ bool FileCommands::open(const QString& aPath)
 void FileCommands::askOpen()
 {
     const QString path = QFileDialog::getOpenFileName(&theWindow, tr("Open"), lastFolder(), openFilters());
+    if (!path.isEmpty())
+        open(path);
+}
+
+void FileCommands::askOpenFolder()
+{
+    const QString path =
+        QFileDialog::getExistingDirectory(&theWindow, tr("Open Folder of Pictures"), lastFolder());
     if (!path.isEmpty())
         open(path);
 }
@@ -170,10 +180,14 @@ void FileCommands::offerToLocate(const QString& aReason)
 
 void FileCommands::locatePicture()
 {
-    const QString wanted = QFileInfo(theBench.media().path()).fileName();
+    const QFileInfo wanted(theBench.media().path());
+    const QString title = tr("Locate %1").arg(wanted.fileName());
+    // What has no ending was a folder of pictures.
     const QString path =
-        QFileDialog::getOpenFileName(&theWindow, tr("Locate %1").arg(wanted), lastFolder(),
-                                     pictureFilter() + QLatin1String(";;") + tr("All files (*)"));
+        wanted.suffix().isEmpty()
+            ? QFileDialog::getExistingDirectory(&theWindow, title, lastFolder())
+            : QFileDialog::getOpenFileName(&theWindow, title, lastFolder(),
+                                           pictureFilters() + QLatin1String(";;") + tr("All files (*)"));
     if (path.isEmpty())
         return;
     QString error;

@@ -5,20 +5,12 @@
 #include "LmImage.h"
 #include "LmKSKernelData.h"
 #include "MediaFile.h"
+#include "PicturePixels.h"
 
 #include <QDir>
 #include <QFileInfo>
 
-#include <cstring>
 #include <utility>
-
-namespace {
-
-constexpr unsigned int kPlaceholderRowAlign = 4;
-// Light enough to be seen as an empty sheet, dark enough for white label text.
-constexpr int kPlaceholderGray = 0x80;
-
-} // namespace
 
 Media::Media(LmCvEditor& aEditor, QObject* aParent) : QObject(aParent), theEditor(aEditor) {}
 
@@ -67,14 +59,11 @@ bool Media::replacePlaceholder(const QString& aPath, QString& aError, const Medi
 
 void Media::openPlaceholder(const QString& aPath, QSize aSize, int aFrameCount)
 {
-    auto image = std::make_unique<LmImage>(aSize.width(), aSize.height(), 1, nullptr, kPlaceholderRowAlign);
-    for (int y = 0; y < image->height(); ++y)
-        std::memset(image->row(y), kPlaceholderGray, size_t(image->width()));
     Q_EMIT aboutToLeave();
     theSource.reset();
     theRegion = QRect();
     announce(aPath, qMax(1, aFrameCount));
-    show(std::move(image), 0, false);
+    show(PicturePixels::empty(aSize, 1), 0, false);
     Q_EMIT opened();
 }
 
@@ -116,6 +105,20 @@ bool Media::showFrame(int aFrame, QString& aError)
     if (const QString flaw = std::exchange(aError, QString()); !flaw.isEmpty())
         Q_EMIT flawFound(flaw);
     return true;
+}
+
+std::unique_ptr<LmImage> Media::readFrame(int aFrame, QString& aError)
+{
+    aError.clear();
+    Q_EMIT aboutToRead();
+    if (!theSource || aFrame < 0 || aFrame >= theFrameCount) {
+        aError = tr("The frame %1 can't be read.").arg(aFrame + 1);
+        return nullptr;
+    }
+    std::unique_ptr<LmImage> image = theSource->readFrame(aFrame, aError);
+    if (image)
+        image->setQRoi(theRegion);
+    return image;
 }
 
 void Media::showPlayed(std::unique_ptr<LmImage> aImage, int aFrame)

@@ -30,6 +30,9 @@ public:
     /// Shows a frame (0 is the first) and stands there; a frame that can't be read leaves the present one and
     /// gives false.
     bool showFrame(int aFrame, QString& aError);
+    /// Reads a frame without showing it, limited like the others; null, with one sentence in aError, if it
+    /// can't be read or isn't there.
+    std::unique_ptr<LmImage> readFrame(int aFrame, QString& aError);
     /// Shows an image of the source while it plays.
     void showPlayed(std::unique_ptr<LmImage> aImage, int aFrame);
 

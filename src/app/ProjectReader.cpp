@@ -210,7 +210,7 @@ bool ProjectReader::readRegion(const QDomElement& aElement)
     return QRect(QPoint(0, 0), theContent.thePictureSize).contains(theContent.theRegion);
 }
 
-/// The relative path counts where it leads to a file, else the absolute one.
+/// The relative path counts where it leads to something, else the absolute one.
 QString ProjectReader::findPicture(const QDomElement& aElement) const
 {
     const QString relative = aElement.attribute(QLatin1String(kPath));
@@ -218,7 +218,7 @@ QString ProjectReader::findPicture(const QDomElement& aElement) const
     const QDir folder = QFileInfo(thePath).absoluteDir();
     const QString beside =
         relative.isEmpty() ? QString() : QDir::cleanPath(folder.absoluteFilePath(relative));
-    if (absolute.isEmpty() || (!beside.isEmpty() && QFileInfo(beside).isFile()))
+    if (absolute.isEmpty() || (!beside.isEmpty() && QFileInfo::exists(beside)))
         return beside;
     return QDir::cleanPath(folder.absoluteFilePath(absolute));
 }

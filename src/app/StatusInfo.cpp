@@ -66,7 +66,7 @@ QLabel* StatusInfo::addField(QStatusBar& aBar, const QString& aName, const QStri
 QString StatusInfo::hint() const
 {
     if (!theMedia.isOpen())
-        return tr("Open a picture or a project, or drop one here.");
+        return tr("Open a picture, a video or a project, or drop one here.");
     if (theCalibrationTool.isRunning())
         return theCalibrationTool.hint();
     if (const LmCvManipulator* tool = theEditor.theCurrentManipulator)

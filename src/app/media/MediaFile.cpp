@@ -1,6 +1,7 @@
 #include "MediaFile.h"
 
 #include "PictureFile.h"
+#include "PictureFolder.h"
 #include "VideoFile.h"
 
 #include <QDir>
@@ -20,6 +21,8 @@ std::unique_ptr<MediaSource> MediaFile::open(const QString& aPath, QString& aErr
                                              const MediaSource::Progress& aProgress)
 {
     const QString path = QFileInfo(aPath).absoluteFilePath();
+    if (QFileInfo(path).isDir())
+        return PictureFolder::open(path, aError, aProgress);
     const QString subject = tr("The file %1").arg(QDir::toNativeSeparators(path));
     if (!check(path, subject, aError))
         return nullptr;

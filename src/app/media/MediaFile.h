@@ -5,7 +5,7 @@
 
 #include <QStringList>
 
-/// Opens whatever can be shown, a picture or a video, by its content.
+/// Opens whatever can be shown, by its content: a picture, a video, or a folder of pictures.
 namespace MediaFile {
 
 /// Null with one sentence in aError when the file can't be opened or the progress was stopped.

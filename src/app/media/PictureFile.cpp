@@ -85,6 +85,17 @@ bool PictureFile::isPicture(const QString& aPath)
     return hasKnownFormat(reader);
 }
 
+QSize PictureFile::sizeOf(const QString& aPath)
+{
+    const QuietStderr quiet;
+    QImageReader reader(aPath);
+    if (!hasKnownFormat(reader))
+        return QSize();
+    const QSize size = reader.size();
+    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    return turned ? size.transposed() : size;
+}
+
 bool PictureFile::checkContent(QString& aError)
 {
     // The decoders fill what is missing at the end with gray, so the file itself is looked at first.

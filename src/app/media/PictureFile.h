@@ -4,6 +4,7 @@
 #include "MediaSource.h"
 
 #include <QCoreApplication>
+#include <QSize>
 #include <QStringList>
 
 class QImageReader;
@@ -26,6 +27,9 @@ public:
     static std::unique_ptr<PictureFile> open(const QString& aPath, QString& aError);
     /// Whether the content of the file has the signature of a picture.
     static bool isPicture(const QString& aPath);
+    /// The size of the first page as it is shown, invalid where it can't be told from the beginning of the
+    /// file.
+    static QSize sizeOf(const QString& aPath);
     /// Endings of the files that can be opened, without dot, in lower case.
     static QStringList suffixes();
 

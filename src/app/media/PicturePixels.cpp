@@ -100,3 +100,13 @@ std::unique_ptr<LmImage> PicturePixels::toLmImage(const QImage& aPicture)
         return copyRows(aPicture.convertToFormat(QImage::Format_RGB888), 3);
     }
 }
+
+std::unique_ptr<LmImage> PicturePixels::empty(const QSize& aSize, int aChannels)
+{
+    // Light enough to be seen as an empty sheet, dark enough for white label text.
+    constexpr int kGray = 0x80;
+    auto image = std::make_unique<LmImage>(aSize.width(), aSize.height(), aChannels, nullptr, kRowAlign);
+    for (int y = 0; y < image->height(); ++y)
+        std::memset(image->row(y), kGray, size_t(image->width()) * size_t(aChannels));
+    return image;
+}

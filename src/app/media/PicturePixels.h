@@ -5,6 +5,7 @@
 
 class LmImage;
 class QImage;
+class QSize;
 
 /// Turns decoded pictures into images for measuring.
 namespace PicturePixels {
@@ -13,6 +14,9 @@ namespace PicturePixels {
 /// transparency, three otherwise. 16 bits give their upper 8. Null for a null picture; may throw
 /// std::bad_alloc.
 std::unique_ptr<LmImage> toLmImage(const QImage& aPicture);
+
+/// A gray image, in the place of a picture that can't be had.
+std::unique_ptr<LmImage> empty(const QSize& aSize, int aChannels);
 
 } // namespace PicturePixels
 

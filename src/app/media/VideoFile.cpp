@@ -3,6 +3,7 @@
 #include "LmImage.h"
 #include "MediaFile.h"
 #include "PictureFile.h"
+#include "PicturePixels.h"
 #include "VideoDecoder.h"
 #include "VideoIndex.h"
 #include "VideoIndexer.h"
@@ -223,7 +224,7 @@ std::unique_ptr<LmImage> VideoFile::convert(int aFrame, bool aAccurate, QString&
     if (!image) {
         aError =
             tr("Frame %1 of %2 is damaged and can't be shown; go to another one.").arg(aFrame + 1).arg(name);
-        return VideoPixels::emptyImage(theSize, theChannels);
+        return PicturePixels::empty(theSize, theChannels);
     }
     theChannels = image->channels();
     const QSize size(picture.theFrame->width, picture.theFrame->height);

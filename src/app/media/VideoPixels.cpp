@@ -1,6 +1,7 @@
 #include "VideoPixels.h"
 
 #include "LmImage.h"
+#include "PicturePixels.h"
 #include "VideoHandles.h"
 #include "VideoScaler.h"
 
@@ -10,8 +11,6 @@
 namespace {
 
 constexpr unsigned int kRowAlign = 4;
-// Light enough to be seen as an empty sheet, dark enough for white label text.
-constexpr int kEmpty = 0x80;
 
 int signOf(int32_t aValue)
 {
@@ -48,14 +47,6 @@ QSize VideoPixels::shownSize(const QSize& aFrameSize) const
     return theRightX != 0 ? aFrameSize : aFrameSize.transposed();
 }
 
-std::unique_ptr<LmImage> VideoPixels::emptyImage(const QSize& aSize, int aChannels)
-{
-    auto image = std::make_unique<LmImage>(aSize.width(), aSize.height(), aChannels, nullptr, kRowAlign);
-    for (int y = 0; y < image->height(); ++y)
-        std::memset(image->row(y), kEmpty, size_t(image->width()) * size_t(aChannels));
-    return image;
-}
-
 std::unique_ptr<LmImage> VideoPixels::convert(const AVFrame& aFrame, const QSize& aShown, Quality aQuality)
 {
     VideoScaler& scaler = aQuality == kAccurate ? *theAccurate : *theQuick;
@@ -65,7 +56,7 @@ std::unique_ptr<LmImage> VideoPixels::convert(const AVFrame& aFrame, const QSize
     auto image = shownSize(frameSize) == aShown
                      ? std::make_unique<LmImage>(aShown.width(), aShown.height(), scaler.channels(), nullptr,
                                                  kRowAlign)
-                     : emptyImage(aShown, scaler.channels());
+                     : PicturePixels::empty(aShown, scaler.channels());
     const bool isPlain = theRightX == 1 && theDownY == 1;
     if (isPlain)
         copyUpright(scaler, frameSize, *image);

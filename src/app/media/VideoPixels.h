@@ -27,8 +27,6 @@ public:
     /// An image of the size aShown; a frame of another size is cut, or filled up with gray. Null if it has
     /// pixels of an unknown kind; may throw std::bad_alloc.
     std::unique_ptr<LmImage> convert(const AVFrame& aFrame, const QSize& aShown, Quality aQuality);
-    /// A gray image, in the place of one that can't be had.
-    static std::unique_ptr<LmImage> emptyImage(const QSize& aSize, int aChannels);
 
 private:
     static void copyUpright(const VideoScaler& aPixels, const QSize& aSize, LmImage& aImage);

@@ -17,6 +17,7 @@ constexpr int kFreshTime = 900;   // ms; long enough to be noticed
 constexpr int kRulerTextRows = 2; // frame numbers and times
 constexpr int kRowHeight = 28;
 constexpr int kFirstWidth = 480;
+constexpr double kRounding = 1e-6; // frames
 
 } // namespace
 
@@ -140,7 +141,7 @@ void TimelineView::updateScale()
     theScale.setExtent(viewport()->width(), 2 * kKeyframeRadius, theMedia.frameCount());
     QScrollBar* bar = horizontalScrollBar();
     const QSignalBlocker blocker(bar);
-    const int hidden = int(std::ceil(theScale.frameCount() - 1 - theScale.shownFrames()));
+    const int hidden = int(std::ceil(theScale.frameCount() - 1 - theScale.shownFrames() - kRounding));
     bar->setRange(0, qMax(0, hidden));
     bar->setPageStep(int(theScale.shownFrames()));
     bar->setSingleStep(qMax(1, int(theScale.shownFrames() / 20.0)));
