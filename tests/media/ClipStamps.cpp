@@ -5,23 +5,44 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <functional>
 
-std::vector<double> ClipStamps::read(const QString& aPath, bool aDecoded)
+namespace {
+
+void forEachPacket(const QString& aPath, const std::function<void(const AVPacket&, const AVStream&)>& aTell)
 {
-    std::vector<double> times;
     AVFormatContext* format = nullptr;
     if (avformat_open_input(&format, qUtf8Printable(aPath), nullptr, nullptr) < 0)
-        return times;
+        return;
     AVPacket* packet = av_packet_alloc();
     if (avformat_find_stream_info(format, nullptr) >= 0)
         while (av_read_frame(format, packet) >= 0) {
-            const int64_t stamp = aDecoded ? packet->dts : packet->pts;
-            if (!(packet->flags & AV_PKT_FLAG_DISCARD) && stamp != AV_NOPTS_VALUE)
-                times.push_back(double(stamp) * av_q2d(format->streams[packet->stream_index]->time_base));
+            aTell(*packet, *format->streams[packet->stream_index]);
             av_packet_unref(packet);
         }
     av_packet_free(&packet);
     avformat_close_input(&format);
+}
+
+} // namespace
+
+std::vector<double> ClipStamps::read(const QString& aPath, bool aDecoded)
+{
+    std::vector<double> times;
+    forEachPacket(aPath, [&](const AVPacket& aPacket, const AVStream& aStream) {
+        const int64_t stamp = aDecoded ? aPacket.dts : aPacket.pts;
+        if (!(aPacket.flags & AV_PKT_FLAG_DISCARD) && stamp != AV_NOPTS_VALUE)
+            times.push_back(double(stamp) * av_q2d(aStream.time_base));
+    });
     std::sort(times.begin(), times.end());
     return times;
+}
+
+std::vector<std::pair<qint64, int>> ClipStamps::places(const QString& aPath)
+{
+    std::vector<std::pair<qint64, int>> places;
+    forEachPacket(aPath, [&](const AVPacket& aPacket, const AVStream&) {
+        places.emplace_back(aPacket.pos, aPacket.size);
+    });
+    return places;
 }

@@ -27,7 +27,7 @@ struct ClipOptions
     bool fullRange = false;
     std::optional<std::array<int, 3>> flat; // every pixel's Y, U, V instead of the frame's number
     bool texture = false;                   // a moving pattern over the blocks
-    int rotation = 0;                       // degrees counterclockwise, noted as cameras do
+    int rotation = 0;                       // degrees clockwise, noted as cameras do
     QSize pixelAspect{1, 1};
     int threads = 1; // of the encoder; 0 for as many as there are cores
     QMap<QString, QString> encoder;

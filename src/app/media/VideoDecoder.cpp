@@ -1,6 +1,6 @@
 #include "VideoDecoder.h"
 
-#include "PictureFile.h"
+#include "VideoFile.h"
 
 #include <QThread>
 
@@ -17,7 +17,7 @@ bool VideoDecoder::open(const AVCodecParameters& aParameters, int aReorderDepth)
     theContext->has_b_frames = std::max(theContext->has_b_frames, aReorderDepth);
     theContext->thread_count = std::clamp(QThread::idealThreadCount(), 1, kMostThreads);
     theContext->thread_type = FF_THREAD_FRAME | FF_THREAD_SLICE;
-    theContext->max_pixels = PictureFile::kMaxPixels;
+    theContext->max_pixels = VideoFile::kMaxPixels;
     theContext->err_recognition |= AV_EF_CRCCHECK;
     return avcodec_open2(theContext.get(), codec, nullptr) >= 0;
 }

@@ -2,7 +2,6 @@
 
 #include "LmImage.h"
 #include "MediaFile.h"
-#include "PictureFile.h"
 #include "PicturePixels.h"
 #include "VideoDecoder.h"
 #include "VideoIndex.h"
@@ -28,8 +27,11 @@ double usualFrameTime(const AVStream& aStream)
 }
 
 /// How long the container says that it is, in seconds; 0 if it doesn't say it itself.
-double toldDuration(const AVFormatContext& aFormat)
+double toldDuration(const AVFormatContext& aFormat, const AVStream& aStream)
 {
+    // An AVI file is taken to be as long as what is there of it, but its head tells the number of frames.
+    if (qstrcmp(aFormat.iformat->name, "avi") == 0)
+        return double(aStream.nb_frames) * av_q2d(aStream.time_base);
     const bool isTold = aFormat.duration != AV_NOPTS_VALUE &&
                         aFormat.duration_estimation_method == AVFMT_DURATION_FROM_STREAM;
     return isTold ? double(aFormat.duration) / AV_TIME_BASE : 0.0;
@@ -102,18 +104,19 @@ bool VideoFile::openInput(QString& aError)
 
 bool VideoFile::checkStream(QString& aError) const
 {
-    const AVCodecParameters& parameters = *theInput->stream().codecpar;
-    if (!avcodec_find_decoder(parameters.codec_id)) {
+    const AVCodecID codec = theInput->stream().codecpar->codec_id;
+    if (!avcodec_find_decoder(codec)) {
         aError = tr("%1 is coded in a way that can't be read here (%2); convert it to H.264.")
-                     .arg(subject(), QLatin1String(avcodec_get_name(parameters.codec_id)));
+                     .arg(subject(), QLatin1String(avcodec_get_name(codec)));
         return false;
     }
-    if (qint64(parameters.width) * parameters.height > PictureFile::kMaxPixels) {
+    const QSize size = theInput->toldSize();
+    if (qint64(size.width()) * size.height() > kMaxPixels) {
         aError = tr("%1 is too large with %2 x %3 pixels; make it smaller than %4 million pixels.")
                      .arg(subject())
-                     .arg(parameters.width)
-                     .arg(parameters.height)
-                     .arg(PictureFile::kMaxPixels / 1'000'000);
+                     .arg(size.width())
+                     .arg(size.height())
+                     .arg(kMaxPixels / 1'000'000);
         return false;
     }
     return true;
@@ -168,7 +171,7 @@ QString VideoFile::remark() const
 {
     constexpr double kNoticed = 0.5; // seconds; less is lost to rounding and to sound that ends earlier
     QStringList sentences;
-    const double duration = toldDuration(theInput->format());
+    const double duration = toldDuration(theInput->format(), theInput->stream());
     if (duration > theEnd + qMax(kNoticed, 3 * usualFrameTime(theInput->stream())))
         sentences << tr("%1 is cut off after %2 of %3 seconds; copy it again from its source.")
                          .arg(subject())

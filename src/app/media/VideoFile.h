@@ -23,6 +23,8 @@ class VideoFile : public MediaSource
     Q_DECLARE_TR_FUNCTIONS(VideoFile)
 
 public:
+    /// Videos of more pixels are refused; the decoders can't have many more.
+    static constexpr qint64 kMaxPixels = 250'000'000;
     static constexpr qint64 kCacheBytes = 512 * 1024 * 1024;
 
     /// Null, and aError is then one sentence for the user, when that fails or the progress is stopped.

@@ -106,6 +106,8 @@ VideoInput::Result VideoInput::openFormat()
     if (opened < 0)
         return Result::kDamaged;
     theFormat.reset(format);
+    if (const AVStream* video = findVideo())
+        theToldSize = QSize(video->codecpar->width, video->codecpar->height);
     if (avformat_find_stream_info(format, nullptr) < 0)
         return Result::kDamaged;
     theStream = findVideo();

@@ -4,6 +4,7 @@
 #include "VideoHandles.h"
 #include "VideoIndex.h"
 
+#include <QSize>
 #include <QString>
 
 /// A video file as a row of packets, read from the front or from a place that was searched.
@@ -22,6 +23,8 @@ public:
 
     AVFormatContext& format() const { return *theFormat; }
     AVStream& stream() const { return *theStream; }
+    /// Of the frames as the container tells it, also where no decoder could have them; empty if it doesn't.
+    QSize toldSize() const { return theToldSize; }
     /// The next packet of any stream; false at the end of the file.
     bool readAny(AVPacket& aPacket);
     /// The next packet of the video.
@@ -41,6 +44,7 @@ private:
     QByteArray theUrl;
     VideoHandles::Format theFormat;
     AVStream* theStream = nullptr; // owned by theFormat
+    QSize theToldSize;
 };
 
 #endif
