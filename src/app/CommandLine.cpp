@@ -12,9 +12,13 @@ struct Option
 };
 
 const Option kOptions[] = {
-    {"--values", CommandLine::kValues, 1}, {"--export", CommandLine::kExport, 2},
-    {"--render", CommandLine::kRender, 2}, {"--help", CommandLine::kHelp, 0},
-    {"-h", CommandLine::kHelp, 0},         {"--version", CommandLine::kVersion, 0},
+    {"--values", CommandLine::kValues, 1},
+    {"--export", CommandLine::kExport, 2},
+    {"--values-over-time", CommandLine::kValuesOverTime, 1},
+    {"--render", CommandLine::kRender, 2},
+    {"--help", CommandLine::kHelp, 0},
+    {"-h", CommandLine::kHelp, 0},
+    {"--version", CommandLine::kVersion, 0},
     {"-v", CommandLine::kVersion, 0},
 };
 
@@ -94,6 +98,8 @@ QString CommandLine::helpText()
         "\n"
         "measuretools [FILE]                 open a picture or a project in a window\n"
         "measuretools --values FILE          print the values of all objects, separated by tabs\n"
+        "measuretools --values-over-time FILE\n"
+        "                                    print those of the animated objects on all frames (CSV)\n"
         "measuretools --export FILE OUT.txt  write the table of all objects, as the window exports it\n"
         "measuretools --render FILE OUT.png  write the picture with the objects burned in\n"
         "             [--scale-bar]          ... and with a scale bar in its lower left corner\n"

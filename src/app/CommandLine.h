@@ -12,10 +12,11 @@ struct CommandLine
 
 public:
     enum Action {
-        kWindow, // open theInput, or the sample without one
-        kValues, // print the values of theInput
-        kRender, // write the picture of theInput to theOutput
-        kExport, // write the table of theInput's objects to theOutput
+        kWindow,         // open theInput, or the sample without one
+        kValues,         // print the values of theInput
+        kValuesOverTime, // print those of all frames as comma-separated text
+        kRender,         // write the picture of theInput to theOutput
+        kExport,         // write the table of theInput's objects to theOutput
         kHelp,
         kVersion,
         kError // theText tells what is wrong

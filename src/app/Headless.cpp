@@ -1,10 +1,12 @@
 #include "Headless.h"
 
+#include "AnimatedValues.h"
 #include "CommandLine.h"
 #include "Document.h"
 #include "LmCvManipulator.h"
 #include "PictureRenderer.h"
 #include "ValueReport.h"
+#include "ValuesCsv.h"
 #include "Workbench.h"
 
 #include <QCoreApplication>
@@ -30,6 +32,14 @@ bool flushed(QTextStream& aOut, QString& aError)
 bool printValues(Workbench& aBench, QTextStream& aOut, QString& aError)
 {
     ValueReport::write(aBench.tools(), aOut);
+    return flushed(aOut, aError);
+}
+
+/// A frame that can't be read has no values; that isn't an error.
+bool printValuesOverTime(Workbench& aBench, QTextStream& aOut, QString& aError)
+{
+    const auto goOn = [](qint64, qint64) { return true; };
+    ValuesCsv::write(aBench.media(), AnimatedValues::keys(AnimatedValues::objects()), {}, goOn, aOut);
     return flushed(aOut, aError);
 }
 
@@ -77,6 +87,8 @@ bool runOn(const CommandLine& aLine, QTextStream& aOut, QString& aError)
         return false;
     if (aLine.theAction == CommandLine::kValues)
         return printValues(bench, aOut, aError);
+    if (aLine.theAction == CommandLine::kValuesOverTime)
+        return printValuesOverTime(bench, aOut, aError);
     if (aLine.theAction == CommandLine::kExport)
         return exportTable(bench, aLine.theOutput, aError);
     // Values follow from the objects alone, but a picture to draw them on has to be there; aError tells why
@@ -91,6 +103,7 @@ bool Headless::run(const CommandLine& aLine, QTextStream& aOut, QString& aError)
 {
     switch (aLine.theAction) {
     case CommandLine::kValues:
+    case CommandLine::kValuesOverTime:
     case CommandLine::kExport:
     case CommandLine::kRender:
         return runOn(aLine, aOut, aError);

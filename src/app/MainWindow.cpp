@@ -13,6 +13,7 @@
 #include "Media.h"
 #include "Messages.h"
 #include "ObjectColor.h"
+#include "Player.h"
 #include "RecentFiles.h"
 #include "RegionCommands.h"
 #include "RegionOfInterestTool.h"
@@ -23,6 +24,7 @@
 #include "TimelineDock.h"
 #include "ToolSwitch.h"
 #include "UndoDock.h"
+#include "ValuesDock.h"
 #include "ViewZoom.h"
 
 #include <QAction>
@@ -179,6 +181,7 @@ void MainWindow::addDocks()
 {
     addTimeline();
     addToolDocks();
+    addValues();
     auto* history = new UndoDock(theBench.undoStack(), this);
     addDockWidget(Qt::RightDockWidgetArea, history);
     history->hide();
@@ -217,6 +220,24 @@ void MainWindow::addToolDocks()
     }
     if (!docks.isEmpty())
         docks.first()->toggleViewAction()->setShortcut(QKeySequence(tr("Ctrl+T")));
+}
+
+/// In the place of the table of all objects, which it stands beside as a tab.
+void MainWindow::addValues()
+{
+    const auto docks = findChildren<QDockWidget*>();
+    auto* values = new ValuesDock(theBench.media(), theBench.editor(), this);
+    addDockWidget(Qt::BottomDockWidgetArea, values, Qt::Vertical);
+    for (QDockWidget* dock : docks)
+        if (dock != theTimeline)
+            tabifyDockWidget(dock, values);
+    values->hide();
+    values->toggleViewAction()->setShortcut(QKeySequence(tr("Ctrl+Shift+G")));
+    values->toggleViewAction()->setStatusTip(tr("Shows or hides the curves of the values over time"));
+    theActions.theViewMenu->addAction(values->toggleViewAction());
+    connect(theActions.theExportValues, &QAction::triggered, values, &ValuesDock::exportAll);
+    connect(values, &ValuesDock::aboutToRead, &theTimeline->player(), &Player::stop);
+    connect(values, &ValuesDock::failed, this, [this](const QString& aError) { tellError(this, aError); });
 }
 
 /// All bars and docks have to be there, since only those are put in their places.

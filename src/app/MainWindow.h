@@ -47,6 +47,7 @@ private:
     void addDocks();
     void addTimeline();
     void addToolDocks();
+    void addValues();
     void restoreLayout();
     void pictureOpened();
     void updateTitle();

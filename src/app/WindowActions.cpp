@@ -59,6 +59,9 @@ void WindowActions::makeFileActions()
                     tr("Saves the project under another name"));
     theExport = add(QStringLiteral("export"), tr("&Export Picture..."), QKeySequence(tr("Ctrl+E")),
                     tr("Writes the picture with all objects drawn into it"));
+    theExportValues =
+        add(QStringLiteral("export-values"), tr("Export &Values over Time..."),
+            QKeySequence(tr("Ctrl+Shift+E")), tr("Writes the values of all animated objects on all frames"));
     theLocate = add(QStringLiteral("locate"), tr("&Locate Picture..."), QKeySequence(tr("Ctrl+Shift+L")),
                     tr("Looks for the picture of this project, which was not found"));
     theLocate->setEnabled(false);
@@ -150,7 +153,7 @@ void WindowActions::makeMenus()
     file->addAction(theOpen);
     theRecentMenu = file->addMenu(tr("Open &Recent"));
     file->addSeparator();
-    file->addActions({theSave, theSaveAs, theExport});
+    file->addActions({theSave, theSaveAs, theExport, theExportValues});
     file->addSeparator();
     file->addAction(theLocate);
     file->addSeparator();
@@ -204,7 +207,7 @@ void WindowActions::makeToolBars()
 void WindowActions::setPictureOpen(bool aOpen)
 {
     for (QAction* action :
-         {theSave, theSaveAs, theExport, theSelectAll, theZoomIn, theZoomOut, theZoomFit, theZoomOne,
-          theShowAll, theSetRegion, theKnownLength, thePixelSize, theCalibrations})
+         {theSave, theSaveAs, theExport, theExportValues, theSelectAll, theZoomIn, theZoomOut, theZoomFit,
+          theZoomOne, theShowAll, theSetRegion, theKnownLength, thePixelSize, theCalibrations})
         action->setEnabled(aOpen);
 }

@@ -24,6 +24,7 @@ public:
     QAction* theSave = nullptr;
     QAction* theSaveAs = nullptr;
     QAction* theExport = nullptr;
+    QAction* theExportValues = nullptr;
     QAction* theLocate = nullptr;
     QAction* theQuit = nullptr;
     QAction* theUndo = nullptr;
@@ -49,7 +50,7 @@ public:
     QAction* theAbout = nullptr;
 
     QMenu* theRecentMenu = nullptr;
-    QMenu* theViewMenu = nullptr; // the window adds its docks and bars at the end
+    QMenu* theViewMenu = nullptr;   // the window adds its docks and bars at the end
     QMenu* theFramesMenu = nullptr; // the time line adds its actions at the end
     QMenu* theToolsMenu = nullptr;
     QMenu* theCalibrationMenu = nullptr; // the named calibrations are added at the end
