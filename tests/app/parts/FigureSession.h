@@ -20,6 +20,9 @@ public:
     /// The first thing on the screen that isn't what it should be, or an empty text.
     QString fault();
 
+    InterestWindow& window() { return theWindow; }
+    class Q3Table& table();
+
 private:
     using Key = QPair<int, int>; // type and index of an object
 

@@ -35,11 +35,16 @@ QString FigureSession::labelFault()
     return QString();
 }
 
+Q3Table& FigureSession::table()
+{
+    return *theWindow.window()
+                .findChild<QDockWidget*>(QStringLiteral("Measurements"))
+                ->findChild<Q3Table*>(QStringLiteral("theTable"));
+}
+
 QString FigureSession::cellFault()
 {
-    auto& table = *theWindow.window()
-                       .findChild<QDockWidget*>(QStringLiteral("Measurements"))
-                       ->findChild<Q3Table*>(QStringLiteral("theTable"));
+    Q3Table& cells = table();
     int rows = 0;
     const auto& objects = theWindow.kernel().theObjects;
     for (auto type = objects.begin(); type != objects.end(); ++type)
@@ -47,21 +52,21 @@ QString FigureSession::cellFault()
             const QString key =
                 QStringLiteral("%1 %2").arg(tool(type.key())->getObjectName(object.key())).arg(object.key());
             int row = 0;
-            while (row < table.numRows() && table.verticalHeader()->label(row) != key)
+            while (row < cells.numRows() && cells.verticalHeader()->label(row) != key)
                 ++row;
-            if (row == table.numRows())
+            if (row == cells.numRows())
                 return QStringLiteral("no row for ") + key;
-            for (int column = 0; column < table.numCols(); ++column) {
+            for (int column = 0; column < cells.numCols(); ++column) {
                 const QString name =
-                    table.horizontalHeader()->label(table.horizontalHeader()->mapToSection(column));
+                    cells.horizontalHeader()->label(cells.horizontalHeader()->mapToSection(column));
                 const QString wanted = PlainValues::cell(*tool(type.key()), **object, name);
-                if (table.text(row, column) != wanted)
+                if (cells.text(row, column) != wanted)
                     return QStringLiteral("%1 of %2: %3 instead of %4")
-                        .arg(name, key, table.text(row, column), wanted);
+                        .arg(name, key, cells.text(row, column), wanted);
             }
         }
-    return rows == table.numRows() ? QString()
-                                   : QStringLiteral("%1 rows too many").arg(table.numRows() - rows);
+    return rows == cells.numRows() ? QString()
+                                   : QStringLiteral("%1 rows too many").arg(cells.numRows() - rows);
 }
 
 QString FigureSession::fault()
