@@ -139,7 +139,8 @@ QString Document::difference(const ProjectContent& aContent) const
         return tr("The picture %1 has another size than when the project was saved; check the calibration.")
             .arg(name);
     if (theMedia.frameCount() != aContent.theFrameCount)
-        return tr("%1 has %2 frames instead of %3 as when the project was saved; check the keyframes.")
+        return tr("The file %1 has %2 frames instead of %3 as when the project was saved; check the "
+                  "keyframes.")
             .arg(name)
             .arg(theMedia.frameCount())
             .arg(aContent.theFrameCount);

@@ -94,7 +94,9 @@ MainWindow::MainWindow(QWidget* aParent)
 
 MainWindow::~MainWindow()
 {
-    // The parts below listen to the editor, which goes with the workbench before them.
+    // It may be reading from the media, which goes with the workbench before the window's children do.
+    delete theTimeline;
+    // The parts below listen to the editor, which goes with the workbench as well.
     theCalibration->tool().finish();
     theRegion->tool().finish();
     theBench.editor().disconnect(this);
@@ -114,6 +116,7 @@ bool MainWindow::openAtStart(const QString& aPathOrEmpty)
 void MainWindow::connectFileActions()
 {
     connect(theActions.theOpen, &QAction::triggered, theFiles, &FileCommands::askOpen);
+    connect(theActions.theOpenFolder, &QAction::triggered, theFiles, &FileCommands::askOpenFolder);
     connect(theActions.theSave, &QAction::triggered, theFiles, &FileCommands::save);
     connect(theActions.theSaveAs, &QAction::triggered, theFiles, &FileCommands::saveAs);
     connect(theActions.theExport, &QAction::triggered, theFiles, &FileCommands::exportPicture);

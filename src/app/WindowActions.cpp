@@ -52,8 +52,11 @@ QAction* WindowActions::add(const QString& aName, const QString& aText, const QK
 
 void WindowActions::makeFileActions()
 {
-    theOpen =
-        add(QStringLiteral("open"), tr("&Open..."), QKeySequence::Open, tr("Opens a picture or a project"));
+    theOpen = add(QStringLiteral("open"), tr("&Open..."), QKeySequence::Open,
+                  tr("Opens a picture, a video or a project"));
+    theOpenFolder =
+        add(QStringLiteral("open-folder"), tr("Open &Folder..."), QKeySequence(tr("Ctrl+Shift+F")),
+            tr("Opens the pictures of a folder as the frames of a series"));
     theSave = add(QStringLiteral("save"), tr("&Save"), QKeySequence::Save, tr("Saves the project"));
     theSaveAs = add(QStringLiteral("save-as"), tr("Save &As..."), QKeySequence(tr("Ctrl+Shift+S")),
                     tr("Saves the project under another name"));
@@ -150,7 +153,7 @@ void WindowActions::makeMenus()
 {
     QMenuBar& bar = *theWindow.menuBar();
     QMenu* file = bar.addMenu(tr("&File"));
-    file->addAction(theOpen);
+    file->addActions({theOpen, theOpenFolder});
     theRecentMenu = file->addMenu(tr("Open &Recent"));
     file->addSeparator();
     file->addActions({theSave, theSaveAs, theExport, theExportValues});

@@ -21,6 +21,7 @@ public:
     void setPictureOpen(bool aOpen);
 
     QAction* theOpen = nullptr;
+    QAction* theOpenFolder = nullptr;
     QAction* theSave = nullptr;
     QAction* theSaveAs = nullptr;
     QAction* theExport = nullptr;

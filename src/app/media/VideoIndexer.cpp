@@ -30,6 +30,13 @@ bool mayShowNothing(AVCodecID aCodec, const AVPacket& aPacket)
     return aCodec == AV_CODEC_ID_VP8 && !(aPacket.data[0] & kVp8Shown);
 }
 
+/// Whether every packet stands for itself, so that frames are shown in the order of decoding.
+bool isIntraOnly(AVCodecID aCodec)
+{
+    const AVCodecDescriptor* descriptor = avcodec_descriptor_get(aCodec);
+    return descriptor && (descriptor->props & AV_CODEC_PROP_INTRA_ONLY);
+}
+
 } // namespace
 
 VideoIndexer::VideoIndexer(VideoInput& aInput, VideoIndex& aIndex)
@@ -60,7 +67,10 @@ bool VideoIndexer::run(const MediaSource::Progress& aProgress)
 
 void VideoIndexer::add(const AVPacket& aPacket)
 {
-    theIndex.add(VideoInput::describe(aPacket));
+    VideoPacket packet = VideoInput::describe(aPacket);
+    if (packet.theShown == VideoPacket::kNone && isIntraOnly(theContext->codec_id))
+        packet.theShown = packet.theDecoded;
+    theIndex.add(packet);
     thePlain = thePlain && !mayShowNothing(theContext->codec_id, aPacket) && isWholeFrame(aPacket);
 }
 

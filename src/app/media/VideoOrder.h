@@ -37,6 +37,7 @@ private:
     std::vector<int> theOutput; // serials in the order in which their frames came out
     std::vector<bool> theSeen;  // of each packet whether its frame came out
     QSize theFrameSize;
+    bool theDamaged = false; // a packet couldn't be decoded
     bool theLearned = false;
 };
 
