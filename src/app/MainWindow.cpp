@@ -42,7 +42,6 @@ namespace {
 
 constexpr QLatin1String kGeometryKey("window/geometry");
 constexpr QLatin1String kStateKey("window/state");
-constexpr QLatin1String kScaleBarKey("view/scaleBar");
 constexpr QLatin1String kExportKey("lastExport");
 constexpr int kReadingTime = 12000;          // ms
 constexpr double kFirstHeightOfDocks = 0.45; // of the window's height; the picture has most of the rest
@@ -85,7 +84,6 @@ MainWindow::MainWindow(QWidget* aParent)
     connectEditActions();
     connectViewActions();
     connectCalibration();
-    connectScaleBar();
     addDocks();
     restoreLayout();
     updateTitle();
@@ -151,6 +149,8 @@ void MainWindow::connectViewActions()
     connect(theActions.theZoomFit, &QAction::triggered, theZoom, &ViewZoom::fit);
     connect(theActions.theZoomOne, &QAction::triggered, theZoom, &ViewZoom::one);
     connect(&theBench.media(), &Media::regionChanged, theZoom, &ViewZoom::refit);
+    connect(theActions.theScaleBar, &QAction::toggled, theFiles, &FileCommands::setScaleBar);
+    (new ScaleBarView(theBench.editor(), theBench.media()))->obey(*theActions.theScaleBar);
     connect(theActions.theShowAll, &QAction::triggered, &theBench.editor(), &LmCvEditor::slotShowAllCvItems);
 }
 
@@ -167,17 +167,6 @@ void MainWindow::connectCalibration()
     const CalibrationTool& tool = theCalibration->tool();
     connect(&tool, &CalibrationTool::signalHintChanged, this,
             [this, &tool] { theActions.theKnownLength->setChecked(tool.isRunning()); });
-}
-
-void MainWindow::connectScaleBar()
-{
-    auto* bar = new ScaleBarView(theBench.editor(), theBench.media());
-    connect(theActions.theScaleBar, &QAction::toggled, this, [this, bar](bool aOn) {
-        bar->setOn(aOn);
-        theFiles->setScaleBar(aOn);
-        QSettings().setValue(kScaleBarKey, aOn);
-    });
-    theActions.theScaleBar->setChecked(QSettings().value(kScaleBarKey, false).toBool());
 }
 
 void MainWindow::addDocks()

@@ -43,7 +43,6 @@ private:
     void connectEditActions();
     void connectViewActions();
     void connectCalibration();
-    void connectScaleBar();
     void addDocks();
     void addTimeline();
     void addToolDocks();

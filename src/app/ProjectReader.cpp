@@ -190,14 +190,12 @@ bool ProjectReader::readPicture(const QDomElement& aElement)
     return theContent.thePicture.isEmpty() ? damagedAt(aElement, tr("the path is missing")) : true;
 }
 
-/// True without a region as well.
 bool ProjectReader::readRegion(const QDomElement& aElement)
 {
     if (!aElement.hasAttribute(QLatin1String(kRegion)))
         return true;
-    const QStringList texts = aElement.attribute(QLatin1String(kRegion)).split(QLatin1Char(' '));
     QList<int> numbers;
-    for (const QString& text : texts) {
+    for (const QString& text : aElement.attribute(QLatin1String(kRegion)).split(QLatin1Char(' '))) {
         bool isNumber = false;
         numbers << text.toInt(&isNumber);
         // No number beyond the picture's size is right, and sums of smaller ones don't overflow.

@@ -4,12 +4,15 @@
 #include "LmKSKernelData.h"
 #include "Media.h"
 
+#include <QAction>
 #include <QEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QSettings>
 
 namespace {
 
+constexpr QLatin1String kSettingsKey("view/scaleBar");
 constexpr int kTextHeight = 13; // logical pixels, as in menus
 constexpr int kDistance = 10;   // from the edges of the view
 
@@ -44,6 +47,15 @@ void ScaleBarView::setOn(bool aOn)
 {
     theOn = aOn;
     refresh();
+}
+
+void ScaleBarView::obey(QAction& aAction)
+{
+    connect(&aAction, &QAction::toggled, this, [this](bool aOn) {
+        setOn(aOn);
+        QSettings().setValue(kSettingsKey, aOn);
+    });
+    aAction.setChecked(QSettings().value(kSettingsKey, false).toBool());
 }
 
 void ScaleBarView::refresh()

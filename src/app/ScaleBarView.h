@@ -7,6 +7,7 @@
 
 class LmCvEditor;
 class Media;
+class QAction;
 
 /// The scale bar in the lower left corner of the view. It follows zoom, calibration and picture, leaves the
 /// mouse to the canvas and stands still while the picture scrolls.
@@ -25,6 +26,8 @@ public:
     /// Empty while none is shown.
     QString text() const;
     void setOn(bool aOn);
+    /// Shows and hides itself with the check mark, which is kept for the next start.
+    void obey(QAction& aAction);
 
 protected:
     bool eventFilter(QObject* aObject, QEvent* aEvent) override;
