@@ -35,6 +35,8 @@ private Q_SLOTS:
     void wholeVideoHasNoRemark();
     void damagedPacketSpoilsItsGroupAndNoMore_data();
     void damagedPacketSpoilsItsGroupAndNoMore();
+    void videoBegunInsideAGroupHasItsWholeFrames_data();
+    void videoBegunInsideAGroupHasItsWholeFrames();
     void frameOfAnotherSizeIsToldAndCut();
     void variableRateAndOblongPixelsAreTold();
 
@@ -143,6 +145,43 @@ void TestVideoFlaws::damagedPacketSpoilsItsGroupAndNoMore()
                 QCOMPARE(ClipNumber::read(*image), frame);
             }
         }
+}
+
+void TestVideoFlaws::videoBegunInsideAGroupHasItsWholeFrames_data()
+{
+    QTest::addColumn<QString>("codec");
+    QTest::addColumn<bool>("openGroups");
+    for (const char* codec : {"libx264", "mpeg2video"})
+        for (const bool openGroups : {false, true})
+            QTest::addRow("%s %s groups", codec, openGroups ? "open" : "closed")
+                << QString(QLatin1String(codec)) << openGroups;
+}
+
+/// As a recording of a broadcast does.
+void TestVideoFlaws::videoBegunInsideAGroupHasItsWholeFrames()
+{
+    QFETCH(QString, codec);
+    QFETCH(bool, openGroups);
+    constexpr qsizetype kPacket = 188; // of a transport stream
+    ClipOptions options = smallClip();
+    options.codec = codec;
+    options.bFrames = 3;
+    options.openGroups = openGroups;
+    const QByteArray whole = ClipFiles::content(clip(QStringLiteral("broadcast.ts"), options));
+    const QString late = path(QStringLiteral("late.ts"));
+    QVERIFY(ClipFiles::write(late, whole.mid(whole.size() / 3 / kPacket * kPacket)));
+    QString error;
+    const auto video = VideoFile::open(late, error);
+    QVERIFY2(video, qPrintable(error));
+    const int count = video->frameCount();
+    QVERIFY2(count >= 60 && count <= 90, qPrintable(QString::number(count)));
+    for (int step = 0; step < 2 * count; ++step) {
+        const int frame = step < count ? step : step * 37 % count;
+        const auto image = video->readFrame(frame, error);
+        QVERIFY(image);
+        QVERIFY2(error.isEmpty(), qPrintable(error));
+        QCOMPARE(ClipNumber::read(*image), options.count - count + frame);
+    }
 }
 
 void TestVideoFlaws::frameOfAnotherSizeIsToldAndCut()

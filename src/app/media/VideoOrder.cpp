@@ -51,8 +51,12 @@ bool VideoOrder::agreesWithDecoder(const std::vector<int>& aOrder)
     std::vector<int> expected;
     std::copy_if(aOrder.begin(), aOrder.end(), std::back_inserter(expected),
                  [count](int aSerial) { return aSerial < count; });
-    // A damaged frame is one all the same, and told when it is asked for.
-    return theOutput == expected || (theDamaged && isPartOf(theOutput, expected));
+    if (theOutput == expected || theOutput.empty() || !theDamaged)
+        return theOutput == expected;
+    // A damaged frame is one all the same, and told when it is asked for. But frames before the first key are
+    // none where the video begins in the middle of a group.
+    const int first = expected.front();
+    return isPartOf(theOutput, expected) && (theOutput.front() == first || theIndex.packet(first).theKey);
 }
 
 /// A second pass is needed where the decoder noticed only on its way how far frames are shown out of the
