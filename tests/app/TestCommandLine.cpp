@@ -43,6 +43,12 @@ void TestCommandLine::valuesTakeOneFile()
     QVERIFY(!line.needsWindow());
     QCOMPARE(line.theInput, QStringLiteral("a.mtp"));
     QVERIFY(line.theOutput.isEmpty());
+
+    const CommandLine overTime =
+        CommandLine::parse({QStringLiteral("--values-over-time"), QStringLiteral("a.mtp")});
+    QCOMPARE(overTime.theAction, CommandLine::kValuesOverTime);
+    QVERIFY(!overTime.needsWindow());
+    QCOMPARE(overTime.theInput, QStringLiteral("a.mtp"));
 }
 
 void TestCommandLine::renderAndExportTakeTwoFiles_data()
@@ -134,8 +140,8 @@ void TestCommandLine::wrongArgumentsAreTold()
 void TestCommandLine::helpNamesEveryForm()
 {
     const QString help = CommandLine::helpText();
-    for (const char* form :
-         {"--values", "--export", "--render", "--help", "--version", "[FILE]", "exit status"})
+    for (const char* form : {"--values FILE", "--values-over-time FILE", "--export", "--render", "--help",
+                             "--version", "[FILE]", "exit status"})
         QVERIFY2(help.contains(QLatin1String(form)), form);
     for (const QString& line : help.split(QLatin1Char('\n')))
         QVERIFY2(line.size() <= 110, qPrintable(line));

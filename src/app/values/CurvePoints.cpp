@@ -82,8 +82,10 @@ QList<QPointF> CurvePoints::keyframes(const ValueSeries& aSeries, const Extent& 
     int lastColumn = 0;
     const Sample to = behindShown(aSeries, aExtent);
     for (Sample sample = firstShown(aSeries, aExtent); sample != to; ++sample) {
+        if (!sample->theKeyframe)
+            continue;
         const int column = aExtent.columnOf(sample->theFrame);
-        if (!sample->theKeyframe || (!points.isEmpty() && column - lastColumn < aDistance))
+        if (!points.isEmpty() && column - lastColumn < aDistance)
             continue;
         points.append(point(*sample, aExtent));
         lastColumn = column;

@@ -55,7 +55,9 @@ ValueChart::ValueChart(const Media& aMedia, QWidget* aParent)
     setMouseTracking(true);
     viewport()->setMouseTracking(true);
     chart()->legend()->hide();
-    chart()->setLocale(locale());
+    QLocale numbers = locale();
+    numbers.setNumberOptions(QLocale::OmitGroupSeparator); // as frames are written everywhere else
+    chart()->setLocale(numbers);
     chart()->setLocalizeNumbers(true);
     chart()->setBackgroundRoundness(0.0);
     chart()->setMargins(QMargins(4, 4, 4, 4));
@@ -68,10 +70,7 @@ ValueChart::ValueChart(const Media& aMedia, QWidget* aParent)
     theRebuild.setSingleShot(true);
     connect(&theRebuild, &QTimer::timeout, this, &ValueChart::rebuild);
     connect(&theMedia, &Media::opened, this, &ValueChart::mediaOpened);
-    connect(&theMedia, &Media::frameShown, this, [this] {
-        placeLine();
-        updateDescription();
-    });
+    connect(&theMedia, &Media::frameShown, this, &ValueChart::frameShown);
     applyPalette();
     mediaOpened();
 }
@@ -80,6 +79,16 @@ void ValueChart::mediaOpened()
 {
     theCurves.clear();
     showWhole();
+}
+
+/// A frame outside of the shown part brings the next part, as when a page is turned.
+void ValueChart::frameShown(int aFrame)
+{
+    const double x = xOf(aFrame);
+    if (x < theFirst || x > theLast)
+        moveTo(x);
+    placeLine();
+    updateDescription();
 }
 
 double ValueChart::xOf(int aFrame) const
@@ -115,6 +124,7 @@ void ValueChart::rebuild()
 {
     theRebuild.stop();
     theMarks->hideRing();
+    theLines.clear();
     chart()->removeAllSeries();
     theScales.clear();
     const QList<QAbstractAxis*> axes = chart()->axes(Qt::Vertical);
@@ -129,7 +139,8 @@ void ValueChart::rebuild()
         if (!valueAxes.contains(unit))
             valueAxes.insert(unit,
                              makeValueAxis(unit, valueAxes.size() % 2 == 0 ? Qt::AlignLeft : Qt::AlignRight));
-        addLines(curve, *valueAxes.value(unit));
+        theLines.append(CurvePoints::lines(*curve.theSeries, extent()));
+        addLines(curve, theLines.last(), *valueAxes.value(unit));
     }
     theBuiltFor = chart()->plotArea().size().toSize();
     placeMarks();
@@ -210,10 +221,9 @@ QString ValueChart::axisTitle(const QString& aUnit) const
     return title.toHtmlEscaped(); // the chart takes titles for HTML
 }
 
-void ValueChart::addLines(const Curve& aCurve, QValueAxis& aAxis)
+void ValueChart::addLines(const Curve& aCurve, const Lines& aLines, QValueAxis& aAxis)
 {
-    const QList<QList<QPointF>> lines = CurvePoints::lines(*aCurve.theSeries, extent());
-    for (const QList<QPointF>& line : lines) {
+    for (const QList<QPointF>& line : aLines) {
         if (line.size() < 2)
             continue;
         auto* series = new QLineSeries;
@@ -233,16 +243,14 @@ QPointF ValueChart::chartPlace(const Curve& aCurve, const QPointF& aPoint) const
 void ValueChart::placeMarks()
 {
     QList<CurveMarks::Marks> all;
-    for (const Curve& curve : std::as_const(theCurves)) {
-        if (!theScales.contains(curve.theSeries->theUnit))
-            continue; // the axes are just being made
+    for (qsizetype i = 0; i < theLines.size(); ++i) { // while axes are made there aren't yet lines of all
+        const Curve& curve = theCurves[i];
         CurveMarks::Marks marks{curve.theColor, {}, {}};
         const QList<QPointF> keyframes =
             CurvePoints::keyframes(*curve.theSeries, extent(), kKeyframeDistance);
         for (const QPointF& point : keyframes)
             marks.theKeyframes.append(chartPlace(curve, point));
-        const QList<QList<QPointF>> lines = CurvePoints::lines(*curve.theSeries, extent());
-        for (const QList<QPointF>& line : lines)
+        for (const QList<QPointF>& line : std::as_const(theLines[i]))
             if (line.size() == 1 && line.first().x() >= theFirst && line.first().x() <= theLast)
                 marks.theDots.append(chartPlace(curve, line.first()));
         all.append(marks);

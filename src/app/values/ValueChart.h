@@ -54,6 +54,7 @@ protected:
     void changeEvent(QEvent* aEvent) override;
 
 private:
+    using Lines = QList<QList<QPointF>>;
     struct Hit
     {
         const Curve* theCurve = nullptr;
@@ -61,6 +62,7 @@ private:
     };
 
     void mediaOpened();
+    void frameShown(int aFrame);
     void showWhole();
     void zoom(double aFactor, double aMiddle);
     void moveTo(double aFirst);
@@ -70,7 +72,7 @@ private:
     void rebuild();
     void makeTimeAxis();
     QValueAxis* makeValueAxis(const QString& aUnit, Qt::Alignment aSide);
-    void addLines(const Curve& aCurve, QValueAxis& aAxis);
+    void addLines(const Curve& aCurve, const Lines& aLines, QValueAxis& aAxis);
     QString axisTitle(const QString& aUnit) const;
     void applyPalette();
     void styleAxis(QValueAxis& aAxis) const;
@@ -91,6 +93,7 @@ private:
 
     const Media& theMedia;
     QList<Curve> theCurves;
+    QList<Lines> theLines;                  // of the curves, as they are drawn
     QHash<QString, QLineSeries*> theScales; // by unit, an empty line that ties the plot to the unit's axis
     QValueAxis* theTimeAxis;                // owned by the chart
     CurveMarks* theMarks;                   // owned by the chart

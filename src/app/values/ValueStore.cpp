@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int kSliceTime = 20;  // ms; short enough for the mouse not to lag
+constexpr int kNewsTime = 200;  // ms; often enough to see that it goes on
 constexpr int kQuickTime = 100; // ms; what seems to be at once
 
 LmKSKernelData& kernel()
@@ -169,7 +170,8 @@ void ValueStore::finishJob()
         theSeries.insert(key, std::make_shared<const ValueSeries>(std::move(series[size_t(i)])));
         theStale.remove(key);
     }
-    theNews.start(0);
+    if (!theNews.isActive())
+        theNews.start(kNewsTime); // many curves that come one after the other are drawn together
 }
 
 QHash<ValueKey, ValueSeriesPtr> ValueStore::known() const
