@@ -20,10 +20,15 @@ TimelineActions::TimelineActions(Media& aMedia, Player& aPlayer, KeyframeTrack& 
     makeFrameActions();
     makeKeyframeActions();
     makeLineActions();
+    for (QAction* action : {thePlay, theLoop, thePreviousKeyframe, theNextKeyframe, theSetKeyframe,
+                            theObjectAnimated, theViewAnimated}) {
+        action->setIcon(appIcon(action->objectName()));
+        theWindow.addAction(action);
+    }
     connect(&theMedia, &Media::opened, this, &TimelineActions::update);
     connect(&theMedia, &Media::frameShown, this, &TimelineActions::update);
     connect(&theTrack, &KeyframeTrack::changed, this, &TimelineActions::update);
-    connect(&thePlayer, &Player::playingChanged, this, &TimelineActions::update);
+    connect(&thePlayer, &Player::playingChanged, this, &TimelineActions::showPlaying);
     connect(&thePlayer, &Player::failed, this, &TimelineActions::failed);
     connect(LmKSKernelData::getInstance(), &LmKSKernelData::signalCurrentView, this,
             [this](int, int aMode) { theViewAnimated->setChecked(aMode != 0); });
@@ -33,11 +38,10 @@ TimelineActions::TimelineActions(Media& aMedia, Player& aPlayer, KeyframeTrack& 
 QAction* TimelineActions::add(const QString& aName, const QString& aText, const QKeySequence& aShortcut,
                               const QString& aTip)
 {
-    auto* action = new QAction(appIcon(aName), aText, &theWindow);
+    auto* action = new QAction(aText, &theWindow);
     action->setObjectName(aName);
     action->setShortcut(aShortcut);
     action->setStatusTip(aTip);
-    theWindow.addAction(action);
     return action;
 }
 
@@ -89,11 +93,8 @@ void TimelineActions::makeLineActions()
     theSelectAll = add(QStringLiteral("select-keyframes"), tr("&Select All Keyframes"),
                        QKeySequence::SelectAll, tr("Selects all keyframes of the current object"));
     // The same keys do something else where the canvas has the focus.
-    for (QAction* action : {theDelete, theCopy, thePaste, theSelectAll}) {
-        action->setIcon(QIcon());
+    for (QAction* action : {theDelete, theCopy, thePaste, theSelectAll})
         action->setShortcutContext(Qt::WidgetShortcut);
-        theWindow.removeAction(action);
-    }
 }
 
 void TimelineActions::attach(TimelineView& aView)
@@ -147,14 +148,17 @@ void TimelineActions::go(int aFrame)
         Q_EMIT failed(error);
 }
 
+void TimelineActions::showPlaying(bool aPlaying)
+{
+    thePlay->setText(aPlaying ? tr("Sto&p") : tr("&Play"));
+    thePlay->setIcon(appIcon(aPlaying ? QStringLiteral("stop") : QStringLiteral("play")));
+}
+
 void TimelineActions::update()
 {
     const int frame = theMedia.frame();
     const bool several = theMedia.isOpen() && theMedia.frameCount() > 1;
-    const bool playing = thePlayer.isPlaying();
     thePlay->setEnabled(several && theMedia.source());
-    thePlay->setText(playing ? tr("Sto&p") : tr("&Play"));
-    thePlay->setIcon(appIcon(playing ? QStringLiteral("stop") : QStringLiteral("play")));
     theLoop->setEnabled(several);
     theViewAnimated->setEnabled(several);
     const bool animated = theTrack.isAnimated();

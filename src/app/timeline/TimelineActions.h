@@ -52,6 +52,7 @@ private:
     void makeLineActions();
     void connectLineActions();
     void go(int aFrame);
+    void showPlaying(bool aPlaying);
     void update();
     void openMenu(int aFrame, const QPoint& aGlobalPos);
 
