@@ -14,6 +14,9 @@
 #include <QFileInfo>
 #include <QUndoStack>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 LmKSKernelData* kernel()
@@ -73,6 +76,17 @@ bool Document::openPicture(const QString& aPath, QString& aError)
     return true;
 }
 
+bool Document::openLive(std::unique_ptr<MediaSource> aSource, const QString& aName, QString& aError)
+{
+    if (!theMedia.open(std::move(aSource), aError))
+        return false;
+    clearObjects();
+    theProjectPath.clear();
+    theLiveName = aName;
+    Q_EMIT changed();
+    return true;
+}
+
 bool Document::openProject(const QString& aPath, QString& aError)
 {
     ProjectContent content;
@@ -108,6 +122,7 @@ void Document::clearObjects()
     if (LmCvManipulator::theCurrentViewAnimated)
         CmdAnimateView::show(false);
     thePictureRelocated = false;
+    theLiveName.clear();
 }
 
 bool Document::openMedia(const QString& aPath, QString& aError)
@@ -126,8 +141,8 @@ void Document::openPictureOf(const ProjectContent& aContent, QString& aError)
     if (theMedia.image()->size() == aContent.thePictureSize)
         theMedia.setRegion(aContent.theRegion);
     const int frame = qMin(aContent.theFrame, theMedia.frameCount() - 1);
-    if (frame > 0 && !theMedia.showFrame(frame, aError))
-        return;
+    if (QString frameError; frame > 0 && !theMedia.showFrame(frame, frameError))
+        aError = frameError;
     if (const QString other = difference(aContent); !other.isEmpty())
         aError = other;
 }
@@ -187,13 +202,33 @@ bool Document::locatePicture(const QString& aPath, QString& aError)
 
 bool Document::save(const QString& aPath, QString& aError)
 {
-    if (!ProjectFile::write(aPath, theMedia.path(), theMedia.frame(), aError))
+    if (theKeeper && !theKeeper(aError))
+        return false;
+    // What is in no file when the project is opened again doesn't count.
+    const int kept = qMax(1, theMedia.keptFrameCount());
+    const Int64 present = std::exchange(kernel()->theFrameCount, kept);
+    const bool isWritten =
+        ProjectFile::write(aPath, theMedia.path(), qMin(theMedia.frame(), kept - 1), aError);
+    kernel()->theFrameCount = present;
+    if (!isWritten)
         return false;
     theProjectPath = QFileInfo(aPath).absoluteFilePath();
     thePictureRelocated = false;
     theStack.setClean();
     Q_EMIT changed();
     return true;
+}
+
+void Document::startAnew(bool aForgetsProject)
+{
+    if (aForgetsProject)
+        theProjectPath.clear();
+    const bool hadObjects = std::any_of(kernel()->theObjects.cbegin(), kernel()->theObjects.cend(),
+                                        [](const auto& aObjects) { return !aObjects.isEmpty(); });
+    theStack.clear();
+    if (hadObjects)
+        theStack.resetClean();
+    Q_EMIT changed();
 }
 
 bool Document::isPictureMissing() const
@@ -208,5 +243,7 @@ bool Document::isModified() const
 
 QString Document::displayName() const
 {
+    if (theProjectPath.isEmpty() && !theLiveName.isEmpty())
+        return theLiveName;
     return QFileInfo(theProjectPath.isEmpty() ? theMedia.path() : theProjectPath).fileName();
 }

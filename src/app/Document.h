@@ -4,7 +4,11 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+#include <memory>
+
 class Media;
+class MediaSource;
 class QUndoStack;
 class QWidget;
 struct ProjectContent;
@@ -24,12 +28,20 @@ public:
     /// calibrations.
     bool open(const QString& aPath, QString& aError);
     bool openPicture(const QString& aPath, QString& aError);
+    /// Opens a source that belongs to no file yet, under a name of its own.
+    bool openLive(std::unique_ptr<MediaSource> aSource, const QString& aName, QString& aError);
     /// A project whose picture can't be shown opens with an empty picture of its size; isPictureMissing() is
     /// then true, and aError tells why although the project is open.
     bool openProject(const QString& aPath, QString& aError);
     /// Puts the picture that was missing in its place; the objects stay. One of another size is refused.
     bool locatePicture(const QString& aPath, QString& aError);
     bool save(const QString& aPath, QString& aError);
+    /// Called before a project is saved, to make a file of what is shown; false with one sentence in aError
+    /// stops the saving.
+    void setKeeper(const std::function<bool(QString& aError)>& aKeeper) { theKeeper = aKeeper; }
+    /// What the steps of the undo stack and the project file stand for is gone: the work counts as changed,
+    /// and with aForgetsProject the next saving asks for a file.
+    void startAnew(bool aForgetsProject);
 
     bool isPictureMissing() const;
     bool isModified() const;
@@ -57,7 +69,9 @@ private:
     Media& theMedia;
     QUndoStack& theStack;
     QWidget* theProgressParent = nullptr; // not owned
+    std::function<bool(QString& aError)> theKeeper;
     QString theProjectPath;
+    QString theLiveName;              // of a source that belongs to no file yet
     bool thePictureRelocated = false; // an unsaved change that no command holds
 };
 

@@ -3,9 +3,11 @@
 #include "AppIcon.h"
 #include "CalibrationCommands.h"
 #include "CalibrationTool.h"
+#include "CameraCommands.h"
 #include "Document.h"
 #include "FileCommands.h"
 #include "ItemMenu.h"
+#include "LiveView.h"
 #include "LmAppSettings.h"
 #include "LmCvEditor.h"
 #include "LmCvObject.h"
@@ -66,7 +68,8 @@ MainWindow::MainWindow(QWidget* aParent)
       theRegion(new RegionCommands(theBench.media(), theBench.undoStack(), *theActions.theSetRegion,
                                    *theActions.theClearRegion, this)),
       theStatus(
-          new StatusInfo(*statusBar(), theBench.editor(), theBench.media(), theCalibration->tool(), this))
+          new StatusInfo(*statusBar(), theBench.editor(), theBench.media(), theCalibration->tool(), this)),
+      theCamera(new CameraCommands(theBench, *theFiles, theActions, *this))
 {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowIcon(appIcon(QStringLiteral("measuretools")));
@@ -94,6 +97,7 @@ MainWindow::~MainWindow()
 {
     // It may be reading from the media, which goes with the workbench before the window's children do.
     delete theTimeline;
+    delete theCamera; // it streams into the media
     // The parts below listen to the editor, which goes with the workbench as well.
     theCalibration->tool().finish();
     theRegion->tool().finish();
@@ -149,6 +153,7 @@ void MainWindow::connectViewActions()
     connect(theActions.theZoomFit, &QAction::triggered, theZoom, &ViewZoom::fit);
     connect(theActions.theZoomOne, &QAction::triggered, theZoom, &ViewZoom::one);
     connect(&theBench.media(), &Media::regionChanged, theZoom, &ViewZoom::refit);
+    connect(&theBench.media(), &Media::resolutionChanged, theZoom, &ViewZoom::refit);
     connect(theActions.theScaleBar, &QAction::toggled, theFiles, &FileCommands::setScaleBar);
     (new ScaleBarView(theBench.editor(), theBench.media()))->obey(*theActions.theScaleBar);
     connect(theActions.theShowAll, &QAction::triggered, &theBench.editor(), &LmCvEditor::slotShowAllCvItems);
@@ -291,6 +296,7 @@ void MainWindow::closeEvent(QCloseEvent* aEvent)
         aEvent->ignore();
         return;
     }
+    theCamera->view().stop();
     QSettings settings;
     settings.setValue(kGeometryKey, saveGeometry());
     settings.setValue(kStateKey, saveState());

@@ -7,6 +7,7 @@
 #include <QMainWindow>
 
 class CalibrationCommands;
+class CameraCommands;
 class FileCommands;
 class ItemMenu;
 class RecentFiles;
@@ -31,6 +32,7 @@ public:
 
     Workbench& workbench() { return theBench; }
     WindowActions& actions() { return theActions; }
+    CameraCommands& camera() { return *theCamera; }
 
 protected:
     void showEvent(QShowEvent* aEvent) override;
@@ -62,6 +64,7 @@ private:
     CalibrationCommands* theCalibration;
     RegionCommands* theRegion;
     StatusInfo* theStatus;
+    CameraCommands* theCamera;
     TimelineDock* theTimeline = nullptr; // made with the docks
     QString theStartError;               // why there are no tools, until it is told
 };

@@ -1,5 +1,7 @@
 #include "Media.h"
 
+#include "GestureTool.h"
+#include "HiddenItems.h"
 #include "LmCvEditor.h"
 #include "LmCvManipulator.h"
 #include "LmImage.h"
@@ -9,6 +11,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QTransform>
 
 #include <utility>
 
@@ -26,12 +29,16 @@ Media::~Media()
 
 bool Media::open(const QString& aPath, QString& aError, const MediaSource::Progress& aProgress)
 {
-    std::unique_ptr<MediaSource> source = MediaFile::open(aPath, aError, aProgress);
-    std::unique_ptr<LmImage> image = source ? source->readFrame(0, aError) : nullptr;
+    return open(MediaFile::open(aPath, aError, aProgress), aError);
+}
+
+bool Media::open(std::unique_ptr<MediaSource> aSource, QString& aError)
+{
+    std::unique_ptr<LmImage> image = aSource ? aSource->readFrame(0, aError) : nullptr;
     if (!image)
         return false;
     theRegion = QRect();
-    take(std::move(source), std::move(image), 0);
+    take(std::move(aSource), std::move(image), 0);
     return true;
 }
 
@@ -82,6 +89,7 @@ void Media::announce(const QString& aPath, int aFrameCount)
 {
     thePath = QFileInfo(aPath).absoluteFilePath();
     theFrameCount = aFrameCount;
+    theKeptFrames = aFrameCount;
     LmKSKernelData* kernel = LmKSKernelData::getInstance();
     kernel->theFrameCount = aFrameCount;
     kernel->theMediaFile = thePath;
@@ -129,16 +137,47 @@ void Media::showPlayed(std::unique_ptr<LmImage> aImage, int aFrame)
 /// Without an image the present one stays, as on the frames of a placeholder.
 void Media::show(std::unique_ptr<LmImage> aImage, int aFrame, bool aPlaying)
 {
-    LmKSKernelData* kernel = LmKSKernelData::getInstance();
-    if (aImage) {
-        aImage->setQRoi(theRegion);
-        kernel->theCurrentImage = aImage.get();
-        theImage = std::move(aImage);
-        theEditor.imageCanvas()->showImage(theImage.get());
-    }
+    if (aImage)
+        exchangeImage(std::move(aImage));
     theFrame = aFrame;
-    kernel->showFrame(aFrame, aPlaying);
+    LmKSKernelData::getInstance()->showFrame(aFrame, aPlaying);
     Q_EMIT frameShown(aFrame);
+}
+
+void Media::exchangeImage(std::unique_ptr<LmImage> aImage)
+{
+    aImage->setQRoi(theRegion);
+    LmKSKernelData::getInstance()->theCurrentImage = aImage.get();
+    theImage = std::move(aImage);
+    theEditor.imageCanvas()->showImage(theImage.get());
+}
+
+void Media::showResized(std::unique_ptr<LmImage> aImage)
+{
+    GestureTool::interrupt(theEditor);
+    const QSize former = theImage->size();
+    const QSize present = aImage->size();
+    const double ratio = double(present.width()) / former.width();
+    const QTransform scaling = QTransform::fromScale(ratio, ratio);
+    theRegion = scaling.mapRect(theRegion).intersected(QRect(QPoint(0, 0), present));
+    if (theRegion.isEmpty())
+        theRegion = QRect();
+    exchangeImage(std::move(aImage));
+    LmKSKernelData::getInstance()->announceResolution(former, present);
+    // The tools have put their objects where they are without a frame.
+    show(nullptr, theFrame, true);
+    placeHiddenItems();
+    Q_EMIT regionChanged();
+    Q_EMIT resolutionChanged(former, present);
+}
+
+void Media::followSource(int aFrame, int aKeptFrames)
+{
+    announce(theSource->path(), theSource->frameCount());
+    theKeptFrames = aKeptFrames;
+    theFrame = aFrame;
+    LmKSKernelData::getInstance()->theCurrentFrame = quint32(aFrame);
+    Q_EMIT frameCountChanged();
 }
 
 void Media::setRegion(const QRect& aRegion)

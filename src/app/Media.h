@@ -22,6 +22,8 @@ public:
     /// Shows the first frame of a picture or video.
     bool open(const QString& aPath, QString& aError,
               const MediaSource::Progress& aProgress = MediaSource::Progress());
+    /// Shows the first frame of a source that is open already.
+    bool open(std::unique_ptr<MediaSource> aSource, QString& aError);
     /// Stands in for a picture that can't be found: an empty one of its size and frames, under its name.
     void openPlaceholder(const QString& aPath, QSize aSize, int aFrameCount = 1);
     /// Puts the picture in the place of the empty one, at the same frame. One of another size is refused.
@@ -36,6 +38,16 @@ public:
     /// Shows an image of the source while it plays.
     void showPlayed(std::unique_ptr<LmImage> aImage, int aFrame);
 
+    /// Shows another image in the place of the present one, of the same size, and tells nobody: not the time
+    /// for that while the mouse holds something.
+    void exchangeImage(std::unique_ptr<LmImage> aImage);
+    /// Shows an image of a camera that has changed its resolution. The region and what the tools hold are
+    /// scaled by the ratio of the widths; what was being drawn ends.
+    void showResized(std::unique_ptr<LmImage> aImage);
+    /// The source has another number of frames now, of which the last ones may be in no file. The present
+    /// frame is aFrame from now on; it isn't shown yet.
+    void followSource(int aFrame, int aKeptFrames);
+
     /// Limits all frames to a part of the picture, in image coordinates; a null rectangle takes the limit
     /// away. Objects keep their places on the picture.
     void setRegion(const QRect& aRegion);
@@ -46,6 +58,8 @@ public:
     bool isPlaceholder() const { return isOpen() && !theSource; }
     const QString& path() const { return thePath; }
     int frameCount() const { return theFrameCount; }
+    /// Without those that exist only as long as the source is open.
+    int keptFrameCount() const { return theKeptFrames; }
     int frame() const { return theFrame; }
     /// Empty for pictures.
     const FrameTimes& times() const;
@@ -63,6 +77,9 @@ Q_SIGNALS:
     /// The present source is about to go.
     void aboutToLeave();
     void opened();
+    /// The source that is open has another number of frames now.
+    void frameCountChanged();
+    void resolutionChanged(const QSize& aFormer, const QSize& aPresent);
     void frameShown(int aFrame);
     void regionChanged();
     /// Something about the picture that is shown, which the user should know: one sentence.
@@ -78,6 +95,7 @@ private:
     std::unique_ptr<LmImage> theImage;      // the kernel's current image
     QString thePath;
     int theFrameCount = 0;
+    int theKeptFrames = 0;
     int theFrame = 0;
     QRect theRegion; // image; inside the picture
 };

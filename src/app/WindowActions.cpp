@@ -33,6 +33,7 @@ WindowActions::WindowActions(QMainWindow& aWindow, QUndoStack& aStack) : theWind
     makeFileActions();
     makeEditActions(aStack);
     makeViewActions();
+    makeCameraActions();
     makeToolActions();
     makeMenus();
     makeToolBars();
@@ -125,6 +126,15 @@ void WindowActions::makeViewActions()
                        tr("Goes one frame on"));
 }
 
+void WindowActions::makeCameraActions()
+{
+    theFreeze = add(QStringLiteral("camera-freeze"), tr("&Freeze"), QKeySequence(tr("Ctrl+F")),
+                    tr("Holds the live picture of the camera, and lets it go on"));
+    theFreeze->setCheckable(true);
+    theTakePicture = add(QStringLiteral("camera-take"), tr("&Take Picture"), QKeySequence(tr("Ctrl+Return")),
+                         tr("Keeps the live picture of the camera as a frame of a series"));
+}
+
 void WindowActions::makeToolActions()
 {
     theArrow = add(QStringLiteral("select"), tr("&Select"), QKeySequence(Qt::Key_Escape),
@@ -180,6 +190,10 @@ void WindowActions::makeMenus()
     theFramesMenu = bar.addMenu(tr("F&rames"));
     theFramesMenu->addActions({thePreviousFrame, theNextFrame});
     theFramesMenu->addSeparator();
+
+    theCameraMenu = bar.addMenu(tr("Ca&mera"));
+    theCameraMenu->addSeparator();
+    theCameraMenu->addActions({theFreeze, theTakePicture});
 
     theToolsMenu = bar.addMenu(tr("&Tools"));
     theToolsMenu->addAction(theArrow);

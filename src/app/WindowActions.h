@@ -43,6 +43,8 @@ public:
     QAction* theScaleBar = nullptr;
     QAction* thePreviousFrame = nullptr;
     QAction* theNextFrame = nullptr;
+    QAction* theFreeze = nullptr;
+    QAction* theTakePicture = nullptr;
     QAction* theArrow = nullptr;
     QAction* theKnownLength = nullptr;
     QAction* thePixelSize = nullptr;
@@ -53,6 +55,7 @@ public:
     QMenu* theRecentMenu = nullptr;
     QMenu* theViewMenu = nullptr;   // the window adds its docks and bars at the end
     QMenu* theFramesMenu = nullptr; // the time line adds its actions at the end
+    QMenu* theCameraMenu = nullptr; // the cameras are added at the beginning
     QMenu* theToolsMenu = nullptr;
     QMenu* theCalibrationMenu = nullptr; // the named calibrations are added at the end
     QToolBar* theMainBar = nullptr;
@@ -64,6 +67,7 @@ private:
     void makeFileActions();
     void makeEditActions(QUndoStack& aStack);
     void makeViewActions();
+    void makeCameraActions();
     void makeToolActions();
     void makeMenus();
     void makeToolBars();

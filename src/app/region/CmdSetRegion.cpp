@@ -1,10 +1,9 @@
 #include "CmdSetRegion.h"
 
 #include "GestureTool.h"
-#include "ItemRecord.h"
+#include "HiddenItems.h"
 #include "LmCvEditor.h"
 #include "LmKSKernelData.h"
-#include "LmKernelObjectData.h"
 #include "Media.h"
 
 #include <QCoreApplication>
@@ -17,19 +16,6 @@ QString textFor(const QRect& aRegion)
 {
     return aRegion.isNull() ? QCoreApplication::translate("UndoCommand", "Clear region of interest")
                             : QCoreApplication::translate("UndoCommand", "Set region of interest");
-}
-
-/// The tools leave the items of hidden objects where they are, and there they would come back one day.
-void placeHiddenItems()
-{
-    LmKSKernelData* kernel = LmKSKernelData::getInstance();
-    QList<QPair<int, int>> hidden;
-    for (auto type = kernel->theObjects.cbegin(); type != kernel->theObjects.cend(); ++type)
-        for (auto object = type->cbegin(); object != type->cend(); ++object)
-            if (!ItemRecord::isShown(**object))
-                hidden.append({type.key(), object.key()});
-    for (const auto& [type, idx] : std::as_const(hidden))
-        kernel->announceObjectChanged(type, idx);
 }
 
 } // namespace

@@ -16,7 +16,7 @@ TimelineDock::TimelineDock(Media& aMedia, LmCvEditor& aEditor, QUndoStack& aStac
 {
     setObjectName(QStringLiteral("timelineDock"));
     auto* track = new KeyframeTrack(aEditor, aStack, this);
-    auto* actions = new TimelineActions(aMedia, *thePlayer, *track, aStack, aWindow);
+    auto* actions = new TimelineActions(aMedia, *thePlayer, *track, aStack, aWindow, this);
     auto* content = new QWidget(this);
     auto* bar = new FrameBar(aMedia, *thePlayer, *actions, aPrevious, aNext, content);
     auto* view = new TimelineView(aMedia, *track, content);
@@ -32,6 +32,11 @@ TimelineDock::TimelineDock(Media& aMedia, LmCvEditor& aEditor, QUndoStack& aStac
     connect(actions, &TimelineActions::failed, this, &TimelineDock::failed);
     connect(bar, &FrameBar::failed, this, &TimelineDock::failed);
     connect(&aMedia, &Media::opened, this, &TimelineDock::followMedia);
+    // Who hid the dock keeps it hidden while frames are added.
+    connect(&aMedia, &Media::frameCountChanged, this, [this] {
+        if (toggleViewAction()->isEnabled() != (theMedia.frameCount() > 1))
+            followMedia();
+    });
     followMedia();
 }
 
