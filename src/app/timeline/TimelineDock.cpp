@@ -16,7 +16,7 @@ TimelineDock::TimelineDock(Media& aMedia, LmCvEditor& aEditor, QUndoStack& aStac
 {
     setObjectName(QStringLiteral("timelineDock"));
     auto* track = new KeyframeTrack(aEditor, aStack, this);
-    auto* actions = new TimelineActions(aMedia, *thePlayer, *track, aStack, aWindow, this);
+    auto* actions = new TimelineActions(aMedia, *thePlayer, *track, aStack, aWindow);
     auto* content = new QWidget(this);
     auto* bar = new FrameBar(aMedia, *thePlayer, *actions, aPrevious, aNext, content);
     auto* view = new TimelineView(aMedia, *track, content);
