@@ -141,8 +141,8 @@ void Document::openPictureOf(const ProjectContent& aContent, QString& aError)
     if (theMedia.image()->size() == aContent.thePictureSize)
         theMedia.setRegion(aContent.theRegion);
     const int frame = qMin(aContent.theFrame, theMedia.frameCount() - 1);
-    if (frame > 0 && !theMedia.showFrame(frame, aError))
-        return;
+    if (QString frameError; frame > 0 && !theMedia.showFrame(frame, frameError))
+        aError = frameError;
     if (const QString other = difference(aContent); !other.isEmpty())
         aError = other;
 }

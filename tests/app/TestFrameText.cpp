@@ -46,6 +46,7 @@ void TestFrameText::typedTimesAreUnderstood_data()
     QTest::newRow("with the unit") << "12.040 s" << 12.04;
     QTest::newRow("minutes") << "1:05.25" << 65.25;
     QTest::newRow("hours") << "1:02:03.5" << 3723.5;
+    QTest::newRow("before zero") << "-0.04" << -0.04;
 }
 
 void TestFrameText::typedTimesAreUnderstood()
@@ -59,7 +60,7 @@ void TestFrameText::typedTimesAreUnderstood()
 void TestFrameText::whatIsNoTimeIsRefused_data()
 {
     QTest::addColumn<QString>("text");
-    for (const char* text : {"", "s", "abc", "1:", ":5", "-3", "1:2:3:4", "1e999", "nan", "inf"})
+    for (const char* text : {"", "s", "abc", "1:", ":5", "--3", "1:-3", "1:2:3:4", "1e999", "nan", "inf"})
         QTest::newRow(text) << text;
 }
 

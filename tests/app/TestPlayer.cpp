@@ -56,6 +56,8 @@ private Q_SLOTS:
     void loopGoesRoundAndRound();
     void playAndStopAreOneAction();
     void askingForAFrameStops();
+    void pressOnThePictureStops();
+    void speedChangedAtTheSeamOfALoopKeepsTheRound();
     void otherFileStops();
     void singlePictureIsNotPlayed();
     void speedChangesAtOnceAndStaysInItsBounds();
@@ -139,6 +141,32 @@ void TestPlayer::askingForAFrameStops()
     // A frame that was being read must not come afterwards.
     QCoreApplication::processEvents();
     QCOMPARE(f.kernel().theCurrentFrame, 5U);
+}
+
+void TestPlayer::pressOnThePictureStops()
+{
+    TimelineWindow f;
+    player(f).play();
+    f.press(QPoint(20, 20));
+    QVERIFY(!player(f).isPlaying());
+    f.release(QPoint(20, 20));
+    QVERIFY(!player(f).isPlaying());
+}
+
+void TestPlayer::speedChangedAtTheSeamOfALoopKeepsTheRound()
+{
+    TimelineWindow f;
+    player(f).setLooping(true);
+    player(f).setSpeed(1.0);
+    const FrameWatch watch(f.kernel());
+    f.goTo(kLast - 1);
+    player(f).play();
+    QTRY_COMPARE(f.kernel().theCurrentFrame, unsigned(kLast)); // the player waits for the first frame now
+    player(f).setSpeed(2.0);
+    QTRY_VERIFY(watch.thePlayed.size() >= 3);
+    player(f).stop();
+    QCOMPARE(watch.thePlayed[1], 0);
+    QVERIFY2(watch.thePlayed[2] < kLast / 2, qPrintable(QString::number(watch.thePlayed[2])));
 }
 
 void TestPlayer::otherFileStops()

@@ -1,6 +1,7 @@
 #include "LmCvEditor.h"
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
+#include "LmKernelObjectDataDescr.h"
 #include "TestFont.h"
 #include "TimelineView.h"
 #include "TimelineWindow.h"
@@ -41,6 +42,9 @@ private Q_SLOTS:
     void keyframeIsSetWhereTheObjectIs();
     void neighbouringKeyframesAreReached();
     void withoutACurrentObjectNothingCanBeDone();
+    void keyframesBehindTheEndAreKept();
+    void whatChangesNothingLeavesTheRedoList();
+    void undoInTheMiddleOfADragEndsIt();
     void menuOfTheLineOffersWhatIsPossible();
     void everyStepIsUndoneAndDoneAgain();
 };
@@ -243,6 +247,52 @@ void TestTimelineKeyframes::withoutACurrentObjectNothingCanBeDone()
     f.editor().activateItem(nullptr);
     QVERIFY(!action(f, "animate-object").isEnabled());
     QVERIFY(!action(f, "animate-object").isChecked());
+}
+
+void TestTimelineKeyframes::keyframesBehindTheEndAreKept()
+{
+    TimelineWindow f;
+    f.drawMoving({5});
+    LmKernelObjectData* data = f.kernel().getObject(1102, 1);
+    const int pos = f.kernel().getDataDescriptor(1102)->indexOf(QStringLiteral("pos"));
+    const long long farAway = (1LL << 32) + 1;
+    data->storeValue(pos, 40, QPoint(0, 0));
+    data->storeValue(pos, farAway, QPoint(0, 0));
+    f.goTo(8);
+    f.key(Qt::Key_K, Qt::ControlModifier);
+    QCOMPARE(f.keyframes(), (Frames{0, 5, 8, 40, farAway}));
+    QVERIFY(!action(f, "next-keyframe").isEnabled());
+    f.line().selectAll();
+    QCOMPARE(f.line().selectedFrames(), (QList<int>{0, 5, 8}));
+    f.pull(f.line().keyframePlace(8), f.line().keyframePlace(10));
+    QCOMPARE(f.keyframes(), (Frames{2, 7, 10, 40, farAway}));
+}
+
+void TestTimelineKeyframes::whatChangesNothingLeavesTheRedoList()
+{
+    TimelineWindow f;
+    f.drawMoving({5});
+    f.stack().undo();
+    QVERIFY(f.stack().canRedo());
+    f.goTo(0);
+    f.key(Qt::Key_K, Qt::ControlModifier); // the keyframe is there already
+    f.pull(f.line().keyframePlace(0), f.line().keyframePlace(0) - QPoint(100, 0));
+    QVERIFY(f.stack().canRedo());
+    f.stack().redo();
+    QCOMPARE(f.keyframes(), (Frames{0, 5}));
+}
+
+void TestTimelineKeyframes::undoInTheMiddleOfADragEndsIt()
+{
+    TimelineWindow f;
+    f.drawMoving({4, 8});
+    f.line().selectAll();
+    QWidget* viewport = f.line().viewport();
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, f.line().keyframePlace(4));
+    f.stack().undo();
+    f.pull(f.line().keyframePlace(11) + QPoint(0, 40), f.line().keyframePlace(11) + QPoint(0, 40));
+    QCOMPARE(f.keyframes(), (Frames{0, 4}));
+    QVERIFY(f.stack().canRedo());
 }
 
 void TestTimelineKeyframes::menuOfTheLineOffersWhatIsPossible()

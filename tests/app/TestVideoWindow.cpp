@@ -136,7 +136,11 @@ void TestVideoWindow::wrongTimeIsTakenBack()
 {
     VideoWindow f;
     f.frameField().setValue(11);
+    ModalAnswer answer(ModalAnswer::press(QMessageBox::Ok));
     typeTime(f, QStringLiteral("soon"));
+    QVERIFY(answer.isDone());
+    const QString fault = sentenceFault(ModalAnswer::lastText());
+    QVERIFY2(fault.isEmpty(), qPrintable(fault));
     QCOMPARE(f.number(), 10);
     QCOMPARE(f.timeField().text(), QStringLiteral("0.400 s"));
 }

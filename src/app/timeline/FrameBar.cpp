@@ -12,6 +12,16 @@
 #include <QSignalBlocker>
 #include <QSpinBox>
 
+namespace {
+
+/// Whether the field shows something that hasn't been taken yet.
+bool isTyped(const QSpinBox& aField)
+{
+    return aField.locale().toInt(aField.cleanText()) != aField.value();
+}
+
+} // namespace
+
 FrameBar::FrameBar(Media& aMedia, Player& aPlayer, const TimelineActions& aActions, QAction& aPrevious,
                    QAction& aNext, QWidget* aParent)
     : QToolBar(tr("Frames"), aParent), theMedia(aMedia), thePlayer(aPlayer), thePrevious(aPrevious),
@@ -78,8 +88,17 @@ void FrameBar::go(int aFrame)
 void FrameBar::goToTime()
 {
     double seconds = 0.0;
-    if (theTime->isModified() && FrameText::fromText(theTime->text(), seconds))
+    if (!theTime->isModified())
+        return;
+    const bool valid = FrameText::fromText(theTime->text(), seconds);
+    const QString typed = theTime->text();
+    theTime->setModified(false);
+    if (valid)
         go(theMedia.times().frameAt(seconds));
+    else
+        Q_EMIT failed(tr("The time “%1” can't be read; type seconds such as 2.5, or minutes and seconds such "
+                         "as 1:05.2.")
+                          .arg(typed));
     follow();
 }
 
@@ -89,10 +108,13 @@ void FrameBar::follow()
     const FrameTimes& times = theMedia.times();
     const QSignalBlocker blocker(theNumber);
     theNumber->setRange(1, qMax(1, count));
-    theNumber->setValue(theMedia.frame() + 1);
+    // What is being typed stays, also while frames are played.
+    if (!theNumber->hasFocus() || !isTyped(*theNumber))
+        theNumber->setValue(theMedia.frame() + 1);
     theCount->setText(tr(" of %1 ").arg(count));
     theTimeAction->setVisible(!times.isEmpty());
-    theTime->setText(FrameText::time(times.at(theMedia.frame())));
+    if (!theTime->hasFocus() || !theTime->isModified())
+        theTime->setText(FrameText::time(times.at(theMedia.frame())));
     thePrevious.setEnabled(theMedia.frame() > 0 && count > 1);
     theNext.setEnabled(theMedia.frame() + 1 < count);
 }

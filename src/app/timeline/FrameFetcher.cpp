@@ -20,8 +20,7 @@ void FrameFetcher::fetch(MediaSource& aSource, int aFrame)
 {
     theFetching = true;
     QMetaObject::invokeMethod(theWorker, [this, &aSource, aFrame, run = ++theRun] {
-        QString flaw; // told when the player stands on the frame
-        theImage = aSource.readQuickFrame(aFrame, flaw);
+        theImage = aSource.readQuickFrame(aFrame, theError);
         QMetaObject::invokeMethod(
             this, [this, run, aFrame] { finish(run, aFrame); }, Qt::QueuedConnection);
     });

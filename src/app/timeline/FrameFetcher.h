@@ -26,6 +26,8 @@ public:
     void cancel();
     /// What fetched() told of; null if it couldn't be read.
     std::unique_ptr<LmImage> takeImage();
+    /// Why it couldn't be read, or a flaw in it: one sentence.
+    const QString& error() const { return theError; }
 
 Q_SIGNALS:
     void fetched(int aFrame);
@@ -36,6 +38,7 @@ private:
     QThread theThread;
     QObject* theWorker;                // lives in the thread, which runs what is sent to it
     std::unique_ptr<LmImage> theImage; // written by the thread while theFetching is set
+    QString theError;                  // the same
     bool theFetching = false;
     int theRun = 0; // tells a dropped read from the present one
 };

@@ -52,6 +52,9 @@ QString FrameText::time(double aSeconds)
 bool FrameText::fromText(const QString& aText, double& aSeconds)
 {
     QString text = aText.trimmed();
+    const bool negative = text.startsWith(QLatin1Char('-'));
+    if (negative)
+        text.remove(0, 1);
     if (text.endsWith(QLatin1Char('s')))
         text = text.chopped(1).trimmed();
     const QStringList parts = text.split(QLatin1Char(':'));
@@ -62,7 +65,7 @@ bool FrameText::fromText(const QString& aText, double& aSeconds)
             return false;
         sum = sum * kMinute + number;
     }
-    aSeconds = sum;
+    aSeconds = negative ? -sum : sum;
     return parts.size() <= 3;
 }
 

@@ -10,6 +10,7 @@
 #include <QUndoStack>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -44,7 +45,8 @@ void KeyframeTrack::follow()
     const LmKernelObjectData* data = record();
     if (data && data->theAnimated)
         for (const long long frame : data->getKeyframedFrames())
-            theFrames.append(int(frame));
+            if (frame < kernel()->theFrameCount)
+                theFrames.append(int(frame));
     Q_EMIT changed();
 }
 
@@ -112,6 +114,8 @@ int KeyframeTrack::move(const QList<int>& aFrames, int aBy)
     const auto [first, last] = std::minmax_element(aFrames.begin(), aFrames.end());
     const int room = int(kernel()->theFrameCount) - 1 - *last;
     const int by = std::max(std::min(aBy, std::max(room, 0)), -*first);
+    if (by == 0)
+        return 0;
     const KeyframeLists lists(*data);
     const QSet<long long> frames = frameSet(aFrames);
     push(lists.without(frames).with(lists.only(frames).shifted(by), kernel()->theFrameCount),
@@ -143,14 +147,17 @@ QList<int> KeyframeTrack::paste(int aFrame)
     const KeyframeLists pasted = theClipboard.shifted(aFrame);
     push(KeyframeLists(*data).with(pasted, kernel()->theFrameCount), true,
          tr("Paste keyframes to %1").arg(objectText()));
+    const QSet<long long> places = pasted.frames();
     QList<int> frames;
     for (const int frame : std::as_const(theFrames))
-        if (!pasted.only({frame}).isEmpty())
+        if (places.contains(frame))
             frames.append(frame);
     return frames;
 }
 
 void KeyframeTrack::push(const KeyframeLists& aKeyframes, bool aAnimated, const QString& aText)
 {
-    theStack.push(new CmdSetKeyframes(theType, theIdx, aKeyframes, aAnimated, aText));
+    auto command = std::make_unique<CmdSetKeyframes>(theType, theIdx, aKeyframes, aAnimated, aText);
+    if (command->isPossible())
+        theStack.push(command.release());
 }

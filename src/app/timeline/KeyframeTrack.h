@@ -22,7 +22,8 @@ public:
     /// Such as "Distance 3"; empty without one.
     QString objectText() const;
     bool isAnimated() const;
-    /// Ascending; empty for an object that isn't animated, whose keyframes rest.
+    /// Ascending; empty for an object that isn't animated, whose keyframes rest. Those that lie behind the
+    /// last frame, as in a video that is shorter than it was, rest as well.
     const QList<int>& frames() const { return theFrames; }
     /// The nearest keyframe before or behind a frame, or -1.
     int previous(int aFrame) const;

@@ -47,8 +47,9 @@ void Player::stop()
 {
     if (!thePlaying)
         return;
+    halt();
     QString error;
-    if (!theMedia.showFrame(theMedia.frame(), error)) // which halts
+    if (!theMedia.showFrame(theMedia.frame(), error))
         Q_EMIT failed(error);
 }
 
@@ -63,9 +64,11 @@ void Player::halt()
 
 void Player::setSpeed(double aSpeed)
 {
-    theSpeed = qBound(kSlowest, aSpeed, kFastest);
+    // The time goes on from where it is, which at the seam of a loop lies before the first frame.
     if (thePlaying)
-        startClock();
+        theStart = now();
+    theSpeed = qBound(kSlowest, aSpeed, kFastest);
+    theClock.restart();
     if (theDueTimer.isActive())
         frameFetched(theFetched);
 }
@@ -113,6 +116,11 @@ void Player::frameFetched(int aFrame)
 void Player::showFetched()
 {
     std::unique_ptr<LmImage> image = theFetcher.takeImage();
+    if (!image) {
+        halt();
+        Q_EMIT failed(theFetcher.error());
+        return;
+    }
     theMedia.showPlayed(std::move(image), theFetched);
     if (!thePlaying)
         return;

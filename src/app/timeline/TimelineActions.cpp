@@ -13,8 +13,8 @@
 #include <QUndoStack>
 
 TimelineActions::TimelineActions(Media& aMedia, Player& aPlayer, KeyframeTrack& aTrack, QUndoStack& aStack,
-                                 QWidget& aWindow)
-    : QObject(&aWindow), theMedia(aMedia), thePlayer(aPlayer), theTrack(aTrack), theStack(aStack),
+                                 QWidget& aWindow, QObject* aParent)
+    : QObject(aParent), theMedia(aMedia), thePlayer(aPlayer), theTrack(aTrack), theStack(aStack),
       theWindow(aWindow)
 {
     makeFrameActions();
@@ -30,8 +30,10 @@ TimelineActions::TimelineActions(Media& aMedia, Player& aPlayer, KeyframeTrack& 
     connect(&theTrack, &KeyframeTrack::changed, this, &TimelineActions::update);
     connect(&thePlayer, &Player::playingChanged, this, &TimelineActions::showPlaying);
     connect(&thePlayer, &Player::failed, this, &TimelineActions::failed);
-    connect(LmKSKernelData::getInstance(), &LmKSKernelData::signalCurrentView, this,
-            [this](int, int aMode) { theViewAnimated->setChecked(aMode != 0); });
+    connect(LmKSKernelData::getInstance(), &LmKSKernelData::signalCurrentView, this, [this](int, int aMode) {
+        theViewAnimated->setChecked(aMode != 0);
+        update();
+    });
     update();
 }
 
@@ -160,7 +162,7 @@ void TimelineActions::update()
     const bool several = theMedia.isOpen() && theMedia.frameCount() > 1;
     thePlay->setEnabled(several && theMedia.source());
     theLoop->setEnabled(several);
-    theViewAnimated->setEnabled(several);
+    theViewAnimated->setEnabled(several || theViewAnimated->isChecked());
     const bool animated = theTrack.isAnimated();
     theObjectAnimated->setChecked(animated);
     // On a single picture only what is animated already can be switched.

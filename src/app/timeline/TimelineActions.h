@@ -19,8 +19,9 @@ class TimelineActions : public QObject
     Q_OBJECT
 
 public:
+    /// The actions are the window's; this object goes with its parent, before what it uses.
     TimelineActions(Media& aMedia, Player& aPlayer, KeyframeTrack& aTrack, QUndoStack& aStack,
-                    QWidget& aWindow);
+                    QWidget& aWindow, QObject* aParent);
 
     /// Those that need no time line, for the window's menu.
     void fillMenu(QMenu& aMenu) const;

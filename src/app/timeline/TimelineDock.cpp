@@ -2,12 +2,14 @@
 
 #include "FrameBar.h"
 #include "KeyframeTrack.h"
+#include "LmCvEditor.h"
 #include "Media.h"
 #include "Player.h"
 #include "TimelineActions.h"
 #include "TimelineView.h"
 
 #include <QAction>
+#include <QMouseEvent>
 #include <QVBoxLayout>
 
 TimelineDock::TimelineDock(Media& aMedia, LmCvEditor& aEditor, QUndoStack& aStack, QAction& aPrevious,
@@ -16,7 +18,7 @@ TimelineDock::TimelineDock(Media& aMedia, LmCvEditor& aEditor, QUndoStack& aStac
 {
     setObjectName(QStringLiteral("timelineDock"));
     auto* track = new KeyframeTrack(aEditor, aStack, this);
-    auto* actions = new TimelineActions(aMedia, *thePlayer, *track, aStack, aWindow);
+    auto* actions = new TimelineActions(aMedia, *thePlayer, *track, aStack, aWindow, this);
     auto* content = new QWidget(this);
     auto* bar = new FrameBar(aMedia, *thePlayer, *actions, aPrevious, aNext, content);
     auto* view = new TimelineView(aMedia, *track, content);
@@ -37,7 +39,17 @@ TimelineDock::TimelineDock(Media& aMedia, LmCvEditor& aEditor, QUndoStack& aStac
         if (toggleViewAction()->isEnabled() != (theMedia.frameCount() > 1))
             followMedia();
     });
+    aEditor.viewport()->installEventFilter(this);
     followMedia();
+}
+
+bool TimelineDock::eventFilter(QObject* aObject, QEvent* aEvent)
+{
+    // The middle button pans, which may go on while frames are played.
+    if (aEvent->type() == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent*>(aEvent)->button() != Qt::MiddleButton)
+        thePlayer->stop();
+    return QDockWidget::eventFilter(aObject, aEvent);
 }
 
 void TimelineDock::followMedia()

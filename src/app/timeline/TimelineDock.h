@@ -24,6 +24,9 @@ public:
     /// Shows the dock where there are frames to step through and hides it where there are none.
     void followMedia();
 
+    /// A press on the picture stops the player, so that what is dragged isn't moved on under the mouse.
+    bool eventFilter(QObject* aObject, QEvent* aEvent) override;
+
 Q_SIGNALS:
     /// A frame couldn't be shown: one sentence.
     void failed(const QString& aError);

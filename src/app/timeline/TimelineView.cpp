@@ -98,6 +98,8 @@ void TimelineView::trackChanged()
 {
     const QString object = theTrack.objectText();
     const QList<int>& frames = theTrack.frames();
+    if (frames != theKnown)
+        endGesture(true);
     if (object == theKnownObject) {
         QList<int> fresh;
         std::set_difference(frames.begin(), frames.end(), theKnown.begin(), theKnown.end(),
@@ -120,10 +122,11 @@ void TimelineView::trackChanged()
 
 void TimelineView::select(const QList<int>& aFrames)
 {
+    QList<int> wanted = aFrames;
+    std::sort(wanted.begin(), wanted.end());
     QList<int> there;
-    for (const int frame : theTrack.frames())
-        if (aFrames.contains(frame))
-            there.append(frame);
+    std::set_intersection(theTrack.frames().begin(), theTrack.frames().end(), wanted.begin(), wanted.end(),
+                          std::back_inserter(there));
     const bool isOther = there != theSelected;
     theSelected = there;
     viewport()->update();

@@ -74,6 +74,9 @@ void TimelineView::pressKeyframe(int aFrame, Qt::KeyboardModifiers aModifiers)
 
 void TimelineView::mouseMoveEvent(QMouseEvent* aEvent)
 {
+    // The release is lost where a dialog came up in the middle.
+    if (theGesture != kNone && !(aEvent->buttons() & Qt::LeftButton))
+        endGesture(true);
     theMouse = aEvent->pos();
     switch (theGesture) {
     case kNone:

@@ -7,6 +7,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -92,8 +93,14 @@ void TimelineView::paintKeyframes(QPainter& aPainter) const
     aPainter.setPen(QPen(faint(palette(), 0.35), 2.0));
     aPainter.drawLine(QPointF(theScale.xOf(frames.first()), rowMiddle()),
                       QPointF(theScale.xOf(frames.last()), rowMiddle()));
-    for (const int frame : frames)
-        paintKeyframe(aPainter, frame, 0);
+    // Of several that fall together on the screen the selected one is seen.
+    int painted = -1;
+    for (const int frame : frames) {
+        const int x = keyframePlace(frame).x();
+        if (x != painted || std::binary_search(theSelected.begin(), theSelected.end(), frame))
+            paintKeyframe(aPainter, frame, 0);
+        painted = x;
+    }
     if (theDragBy != 0)
         for (const int frame : theSelected)
             paintKeyframe(aPainter, frame, theDragBy);
@@ -105,11 +112,11 @@ void TimelineView::paintKeyframe(QPainter& aPainter, int aFrame, int aShift) con
     const double x = theScale.xOf(aFrame + aShift);
     if (x < -2 * kKeyframeRadius || x > viewport()->width() + 2 * kKeyframeRadius)
         return;
-    const bool selected = theSelected.contains(aFrame);
+    const bool selected = std::binary_search(theSelected.begin(), theSelected.end(), aFrame);
     const QColor highlight = palette().color(QPalette::Highlight);
     aPainter.save();
     aPainter.translate(x, rowMiddle());
-    if (aShift == 0 && theFresh.contains(aFrame)) {
+    if (aShift == 0 && std::binary_search(theFresh.begin(), theFresh.end(), aFrame)) {
         QColor halo = kPositionColor;
         halo.setAlphaF(0.4F);
         aPainter.setPen(Qt::NoPen);

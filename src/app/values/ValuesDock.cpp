@@ -78,6 +78,7 @@ QWidget* ValuesDock::makePlot()
     auto* told = new QLabel(tr("Values of the pictures have to be read from all frames."), theNotice);
     told->setWordWrap(true);
     theRead = new QPushButton(tr("&Read Pictures"), theNotice);
+    theRead->setAccessibleName(tr("Read Pictures"));
     theRead->setObjectName(QStringLiteral("readPictures"));
     auto* row = new QHBoxLayout(theNotice);
     row->setContentsMargins(6, 2, 6, 2);

@@ -14,17 +14,19 @@ CmdSetKeyframes::CmdSetKeyframes(int aType, int aIdx, const KeyframeLists& aKeyf
         theKeyframes.at(param) = LmKernelObjectData::inOrder(theKeyframes.at(param));
 }
 
-bool CmdSetKeyframes::isPossible(const LmKernelObjectData* aData) const
+bool CmdSetKeyframes::isPossible() const
 {
-    const LmKernelObjectDataDescr* descriptor = LmKSKernelData::getInstance()->getDataDescriptor(theType);
-    if (!aData || !descriptor || aData->count() != theKeyframes.count())
+    const LmKSKernelData* kernel = LmKSKernelData::getInstance();
+    const LmKernelObjectData* data = kernel->getObject(theType, theIdx);
+    const LmKernelObjectDataDescr* descriptor = kernel->getDataDescriptor(theType);
+    if (!data || !descriptor || data->count() != theKeyframes.count())
         return false;
-    bool isOther = aData->theAnimated != theAnimated;
-    for (int param = 0; param < aData->count(); ++param) {
+    bool isOther = data->theAnimated != theAnimated;
+    for (int param = 0; param < data->count(); ++param) {
         const KeyframeLists::Keyframes& keyframes = theKeyframes.at(param);
         if (!descriptor->accepts(param, keyframes))
             return false;
-        isOther = isOther || !(keyframes == aData->getAnimationKeyframes(param));
+        isOther = isOther || !(keyframes == data->getAnimationKeyframes(param));
     }
     return isOther;
 }
@@ -32,10 +34,10 @@ bool CmdSetKeyframes::isPossible(const LmKernelObjectData* aData) const
 void CmdSetKeyframes::exchange()
 {
     LmKSKernelData* kernel = LmKSKernelData::getInstance();
-    LmKernelObjectData* data = kernel->getObject(theType, theIdx);
-    setObsolete(!isPossible(data));
+    setObsolete(!isPossible());
     if (isObsolete())
         return;
+    LmKernelObjectData* data = kernel->getObject(theType, theIdx);
     for (int param = 0; param < data->count(); ++param)
         data->exchangeKeyframes(param, theKeyframes.at(param));
     std::swap(data->theAnimated, theAnimated);

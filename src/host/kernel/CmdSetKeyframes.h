@@ -14,11 +14,14 @@ public:
     CmdSetKeyframes(int aType, int aIdx, const KeyframeLists& aKeyframes, bool aAnimated,
                     const QString& aText);
 
+    /// Whether a push would be a step. One that isn't costs the redo list all the same, so it is asked
+    /// before.
+    bool isPossible() const;
+
     void redo() override { exchange(); }
     void undo() override { exchange(); }
 
 private:
-    bool isPossible(const LmKernelObjectData* aData) const;
     void exchange();
 
     int theType;

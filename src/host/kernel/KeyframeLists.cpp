@@ -45,6 +45,15 @@ bool KeyframeLists::isEmpty() const
                        [](const Keyframes& aKeyframes) { return aKeyframes.isEmpty(); });
 }
 
+QSet<long long> KeyframeLists::frames() const
+{
+    QSet<long long> frames;
+    for (const Keyframes& keyframes : theLists)
+        for (const LmParamKeyframe& keyframe : keyframes)
+            frames.insert(keyframe.getFrame());
+    return frames;
+}
+
 KeyframeLists KeyframeLists::only(const QSet<long long>& aFrames) const
 {
     KeyframeLists lists;
@@ -77,11 +86,10 @@ KeyframeLists KeyframeLists::with(const KeyframeLists& aOther, long long aFrameC
     KeyframeLists lists = *this;
     for (int param = 0; param < std::min(count(), aOther.count()); ++param) {
         for (const LmParamKeyframe& keyframe : aOther.at(param))
-            lists.theLists[param].append(keyframe);
+            if (keyframe.getFrame() >= 0 && keyframe.getFrame() < aFrameCount)
+                lists.theLists[param].append(keyframe);
         // Of several at one frame the last counts.
-        lists.theLists[param] =
-            filtered(LmKernelObjectData::inOrder(lists.theLists[param]),
-                     [aFrameCount](long long aFrame) { return aFrame >= 0 && aFrame < aFrameCount; });
+        lists.theLists[param] = LmKernelObjectData::inOrder(lists.theLists[param]);
     }
     return lists;
 }

@@ -24,13 +24,15 @@ public:
     const Keyframes& at(int aParam) const { return theLists[aParam]; }
     Keyframes& at(int aParam) { return theLists[aParam]; }
     bool isEmpty() const;
+    /// The frames that hold a keyframe of any parameter.
+    QSet<long long> frames() const;
 
     /// Only those at the frames, or all but those.
     KeyframeLists only(const QSet<long long>& aFrames) const;
     KeyframeLists without(const QSet<long long>& aFrames) const;
     KeyframeLists shifted(long long aBy) const;
-    /// Both together; where both have a keyframe at a frame that of the other counts. Keyframes before frame
-    /// 0 and from aFrameCount on are left out.
+    /// Both together; where both have a keyframe at a frame that of the other counts. Of the other's those
+    /// before frame 0 and from aFrameCount on are left out.
     KeyframeLists with(const KeyframeLists& aOther, long long aFrameCount) const;
     /// A keyframe at the frame of every parameter of the object that can have one.
     static KeyframeLists ofFrame(const LmKernelObjectData& aData, long long aFrame);
