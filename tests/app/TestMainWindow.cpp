@@ -96,6 +96,9 @@ void TestMainWindow::everythingThatTakesTheFocusHasAName()
         if (!(widget->focusPolicy() & Qt::TabFocus) || widget->inherits("QMenu") ||
             widget->inherits("QLineEdit") || widget->inherits("QScrollBar"))
             continue;
+        // Each tab of docks that share a place has its dock's title.
+        if (widget->inherits("QTabBar") && widget->parentWidget() == &fixture.window())
+            continue;
         ++named;
         QVERIFY2(!widget->accessibleName().isEmpty(), widget->metaObject()->className());
     }
