@@ -154,6 +154,7 @@ void MainWindow::connectViewActions()
     connect(theActions.theZoomOne, &QAction::triggered, theZoom, &ViewZoom::one);
     connect(&theBench.media(), &Media::regionChanged, theZoom, &ViewZoom::refit);
     connect(&theBench.media(), &Media::resolutionChanged, theZoom, &ViewZoom::refit);
+    connect(&theBench.media(), &Media::imageChanged, theStatus, &StatusInfo::updateCalibration);
     connect(theActions.theScaleBar, &QAction::toggled, theFiles, &FileCommands::setScaleBar);
     (new ScaleBarView(theBench.editor(), theBench.media()))->obey(*theActions.theScaleBar);
     connect(theActions.theShowAll, &QAction::triggered, &theBench.editor(), &LmCvEditor::slotShowAllCvItems);

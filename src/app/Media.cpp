@@ -150,6 +150,13 @@ void Media::exchangeImage(std::unique_ptr<LmImage> aImage)
     LmKSKernelData::getInstance()->theCurrentImage = aImage.get();
     theImage = std::move(aImage);
     theEditor.imageCanvas()->showImage(theImage.get());
+    Q_EMIT imageChanged();
+}
+
+void Media::showLive(std::unique_ptr<LmImage> aImage)
+{
+    exchangeImage(std::move(aImage));
+    LmKSKernelData::getInstance()->showFrame(theFrame, true);
 }
 
 void Media::showResized(std::unique_ptr<LmImage> aImage)
@@ -173,6 +180,7 @@ void Media::showResized(std::unique_ptr<LmImage> aImage)
 
 void Media::followSource(int aFrame, int aKeptFrames)
 {
+    Q_EMIT aboutToRead(); // what is being read belongs to the former frames
     announce(theSource->path(), theSource->frameCount());
     theKeptFrames = aKeptFrames;
     theFrame = aFrame;

@@ -41,6 +41,8 @@ public:
     /// Shows another image in the place of the present one, of the same size, and tells nobody: not the time
     /// for that while the mouse holds something.
     void exchangeImage(std::unique_ptr<LmImage> aImage);
+    /// Shows the next image of a camera on the present frame, of the same size.
+    void showLive(std::unique_ptr<LmImage> aImage);
     /// Shows an image of a camera that has changed its resolution. The region and what the tools hold are
     /// scaled by the ratio of the widths; what was being drawn ends.
     void showResized(std::unique_ptr<LmImage> aImage);
@@ -81,6 +83,8 @@ Q_SIGNALS:
     void frameCountChanged();
     void resolutionChanged(const QSize& aFormer, const QSize& aPresent);
     void frameShown(int aFrame);
+    /// There is another image, perhaps on the same frame.
+    void imageChanged();
     void regionChanged();
     /// Something about the picture that is shown, which the user should know: one sentence.
     void flawFound(const QString& aSentence);

@@ -7,14 +7,17 @@
 #include "MadeFiles.h"
 #include "Media.h"
 #include "ModalAnswer.h"
+#include "Player.h"
 #include "Sentence.h"
 #include "TestFont.h"
+#include "TimelineDock.h"
 
 #include <QAction>
 #include <QDir>
 #include <QDockWidget>
 #include <QMenu>
 #include <QSettings>
+#include <QSpinBox>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -74,6 +77,9 @@ private Q_SLOTS:
     void takenPicturesAreTheFilesOfASeries();
     void takenFrameStaysWhileTheCameraRuns();
     void hiddenTimeLineStaysHidden();
+    void frameNumberCanBeTypedWhileTheCameraRuns();
+    void playingEndsAtTheLivePicture();
+    void colorUnderThePointerFollows();
     void folderThatCannotBeMadeIsTold();
     void fullDiskIsTold();
     void cableThatIsPulledLeavesTheLastPicture();
@@ -283,6 +289,55 @@ void TestCamera::hiddenTimeLineStaysHidden()
     dock->hide();
     w.take();
     QVERIFY(!dock->isVisible());
+}
+
+void TestCamera::frameNumberCanBeTypedWhileTheCameraRuns()
+{
+    CameraWindow w;
+    w.goLive(CameraWindow::picture(0));
+    w.take();
+    w.take();
+    auto* number = w.window().findChild<QSpinBox*>(QStringLiteral("frameNumber"));
+    number->setFocus();
+    number->selectAll();
+    QTest::keyClicks(number, QStringLiteral("1"));
+    w.send(CameraWindow::picture(1));
+    QCOMPARE(w.frame(), 2);
+    QTest::keyClick(number, Qt::Key_Return);
+    QCOMPARE(w.frame(), 0);
+}
+
+void TestCamera::playingEndsAtTheLivePicture()
+{
+    CameraWindow w;
+    w.goLive(CameraWindow::picture(0));
+    w.take();
+    w.send(CameraWindow::picture(1));
+    w.take();
+    w.send(CameraWindow::picture(2));
+    auto* timeline = w.window().findChild<TimelineDock*>();
+    timeline->player().play();
+    QVERIFY(timeline->player().isPlaying());
+    QCOMPARE(w.frame(), 0);
+    w.send(CameraWindow::picture(3));
+    QTRY_VERIFY(!timeline->player().isPlaying());
+    QCOMPARE(w.frame(), 2);
+    QCOMPARE(w.shown(), CameraWindow::picture(3));
+    // A change of the resolution meanwhile ends it too.
+    timeline->player().play();
+    w.send(CameraWindow::picture(4, QSize(200, 150)));
+    QVERIFY(!timeline->player().isPlaying());
+    QCOMPARE(w.shown(), CameraWindow::picture(4, QSize(200, 150)));
+}
+
+void TestCamera::colorUnderThePointerFollows()
+{
+    CameraWindow w;
+    w.goLive(CameraWindow::picture(0));
+    w.move(QPoint(100, 50));
+    QCOMPARE(w.field("pixelColor"), QStringLiteral("R 100  G 50  B 0"));
+    w.send(CameraWindow::picture(1));
+    QCOMPARE(w.field("pixelColor"), QStringLiteral("R 140  G 150  B 40"));
 }
 
 void TestCamera::folderThatCannotBeMadeIsTold()

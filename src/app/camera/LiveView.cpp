@@ -152,21 +152,30 @@ void LiveView::show(std::unique_ptr<LmImage> aImage)
     }
     theSource->setLive(std::move(aImage));
     if (isShown())
-        showLast(true);
+        showNext();
+}
+
+/// While the mouse holds something the tools are left alone: the values follow with the next picture.
+void LiveView::showNext()
+{
+    Media& media = theBench.media();
+    QString error; // the live picture is always there
+    std::unique_ptr<LmImage> image = theSource->readFrame(media.frame(), error);
+    if (theMouseDown || theBench.editor().mouseGrabber())
+        media.exchangeImage(std::move(image));
+    else
+        media.showLive(std::move(image));
 }
 
 void LiveView::showLast(bool aPlaying)
 {
     Media& media = theBench.media();
     const int last = theSource->frameCount() - 1;
-    QString error; // the live picture is always there
-    std::unique_ptr<LmImage> image = theSource->readFrame(last, error);
-    if (!aPlaying)
-        media.showFrame(last, error);
-    else if (theMouseDown || theBench.editor().mouseGrabber())
-        media.exchangeImage(std::move(image));
+    QString error; // as above
+    if (aPlaying)
+        media.showPlayed(theSource->readFrame(last, error), last);
     else
-        media.showPlayed(std::move(image), last);
+        media.showFrame(last, error);
 }
 
 /// A series has one size, so another one begins.

@@ -58,6 +58,7 @@ private:
     void open(std::unique_ptr<LmImage> aImage);
     void show(std::unique_ptr<LmImage> aImage);
     void showResized(std::unique_ptr<LmImage> aImage);
+    void showNext();
     void showLast(bool aPlaying);
     bool keepForProject(QString& aError);
     void sourceLeft();
