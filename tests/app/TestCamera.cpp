@@ -16,6 +16,7 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QMenu>
+#include <QRandomGenerator>
 #include <QSettings>
 #include <QSpinBox>
 
@@ -360,9 +361,15 @@ void TestCamera::fullDiskIsTold()
     CameraWindow w;
     w.goLive(CameraWindow::picture(0));
     w.take();
-    w.send(CameraWindow::picture(1));
+    QImage noise(400, 300, QImage::Format_RGB888); // which can't be packed
+    QRandomGenerator random(1);
+    for (int y = 0; y < noise.height(); ++y)
+        for (int x = 0; x < noise.bytesPerLine(); ++x)
+            noise.scanLine(y)[x] = uchar(random.bounded(256));
+    w.send(noise);
     {
-        const FullDisk full(1000);
+        // Room for what the test itself may write meanwhile.
+        const FullDisk full(rlim_t(noise.sizeInBytes() / 2));
         ModalAnswer answer(ModalAnswer::press(QMessageBox::Ok));
         w.take();
         QVERIFY(answer.isDone());

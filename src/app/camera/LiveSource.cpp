@@ -50,7 +50,7 @@ QByteArray withoutResolution(QByteArray aPng)
 /// Lossless, and quick rather than small: the stream stands meanwhile.
 QByteArray pngOf(const LmImage& aImage)
 {
-    constexpr int kQuickest = 10; // of 100; the first one that packs at all
+    constexpr int kQuickest = 20; // of 100; less packs nothing, more takes its time
     const QImage view(aImage.row(0), aImage.width(), aImage.height(), aImage.bytesPerLine(),
                       aImage.channels() == 1 ? QImage::Format_Grayscale8 : QImage::Format_RGB888);
     QByteArray bytes;
