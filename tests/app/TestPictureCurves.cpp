@@ -45,7 +45,7 @@ private:
     {
         aFixture.stack().setClean();
         AnimatedObjects::openGrays(aFixture.bench(), aFixture.path(QStringLiteral("grays.tif")),
-                                   QSize(400, 300), aGrays);
+                                   QSize(120, 80), aGrays);
         const ValueKey key{kRegionType,
                            AnimatedObjects::addSquare(aFixture.bench(), 20, {{0, {50, 50}}, {3, {90, 50}}}),
                            QStringLiteral("Avg. lightness")};

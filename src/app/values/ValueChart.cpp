@@ -49,6 +49,7 @@ ValueChart::ValueChart(const Media& aMedia, QWidget* aParent)
 {
     setObjectName(QStringLiteral("valueChart"));
     setAccessibleName(tr("Chart of the values over time"));
+    viewport()->setAccessibleName(accessibleName()); // it takes the focus for the chart
     setFocusPolicy(Qt::StrongFocus);
     setRenderHint(QPainter::Antialiasing);
     setFrameShape(QFrame::NoFrame);
