@@ -223,10 +223,11 @@ void Document::startAnew(bool aForgetsProject)
 {
     if (aForgetsProject)
         theProjectPath.clear();
+    const bool wasModified = isModified(); // a calibration is work too
     const bool hadObjects = std::any_of(kernel()->theObjects.cbegin(), kernel()->theObjects.cend(),
                                         [](const auto& aObjects) { return !aObjects.isEmpty(); });
     theStack.clear();
-    if (hadObjects)
+    if (hadObjects || wasModified)
         theStack.resetClean();
     Q_EMIT changed();
 }

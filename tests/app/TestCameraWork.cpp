@@ -3,12 +3,14 @@
 #include "CameraFeed.h"
 #include "CameraWindow.h"
 #include "CmdAnimateView.h"
+#include "CmdCalibrate.h"
 #include "Document.h"
 #include "FakeCameras.h"
 #include "LiveView.h"
 #include "LmCvEditor.h"
 #include "LmCvManipulator.h"
 #include "LmCvObject.h"
+#include "LmImage.h"
 #include "LmKSKernelData.h"
 #include "LmKernelObjectData.h"
 #include "MadeFiles.h"
@@ -84,7 +86,8 @@ private Q_SLOTS:
     void regionOfInterestIsScaled();
     void stepsBeforeCannotBeUndone();
     void unchangedWorkStaysUnchanged();
-    void halfDrawnObjectEndsFirst();
+    void otherSizeWaitsForTheMouse();
+    void calibrationAloneIsWorkToo();
     void otherSizeBeginsAnotherSeries();
 };
 
@@ -392,19 +395,31 @@ void TestCameraWork::unchangedWorkStaysUnchanged()
     QVERIFY(!w.bench().document().isModified());
 }
 
-void TestCameraWork::halfDrawnObjectEndsFirst()
+void TestCameraWork::otherSizeWaitsForTheMouse()
 {
     CameraWindow w;
     w.goLive(gray(kFormer));
     w.pickDistance();
     w.press(QPoint(50, 50));
-    w.move(QPoint(150, 50));
+    w.move(QPoint(100, 50));
     w.send(gray(kDouble));
-    const int count = w.distanceCount();
-    w.move(QPoint(400, 400));
-    w.release(QPoint(400, 400));
-    QCOMPARE(w.distanceCount(), count);
-    QCOMPARE(w.draw(QPoint(100, 200), QPoint(300, 200)), count + 1);
+    QCOMPARE(w.bench().media().image()->size(), kFormer);
+    w.move(QPoint(150, 50));
+    w.release(QPoint(150, 50));
+    QCOMPARE(w.ends(1), QLine(50, 50, 150, 50));
+    w.send(gray(kDouble));
+    QCOMPARE(w.bench().media().image()->size(), kDouble);
+    QCOMPARE(w.ends(1), QLine(100, 100, 300, 100));
+}
+
+void TestCameraWork::calibrationAloneIsWorkToo()
+{
+    CameraWindow w;
+    w.goLive(gray(kFormer));
+    w.stack().push(
+        new CmdCalibrate(QStringLiteral("c"), LmCalibData{40.0, QStringLiteral("mm")}, QStringLiteral("c")));
+    w.send(gray(kDouble));
+    QVERIFY(w.bench().document().isModified());
 }
 
 void TestCameraWork::otherSizeBeginsAnotherSeries()

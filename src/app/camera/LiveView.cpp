@@ -8,6 +8,7 @@
 #include "Media.h"
 #include "Workbench.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QMouseEvent>
 #include <QStandardPaths>
@@ -47,6 +48,9 @@ bool LiveView::eventFilter(QObject* aObject, QEvent* aEvent)
     case QEvent::MouseMove:
         theMouseDown = static_cast<QMouseEvent*>(aEvent)->buttons() != Qt::NoButton;
         break;
+    case QEvent::ContextMenu: // the release goes to the menu
+        theMouseDown = false;
+        break;
     default:
         break;
     }
@@ -63,6 +67,9 @@ void LiveView::start(std::unique_ptr<CameraDevice> aDevice, const QByteArray& aI
     theMayReplace = aMayReplace;
     connect(theDevice.get(), &CameraDevice::failed, this, &LiveView::lose);
     Q_EMIT told(tr("Waiting for the first picture of the camera %1...").arg(theDevice->name()));
+    // A camera that comes back goes on in the size that the series has.
+    if (goesOnWith(aId) && theDevice->sizes().contains(theSource->size()))
+        theDevice->setSize(theSource->size());
     theDevice->start(theFeed.sink());
     Q_EMIT changed();
 }
@@ -112,10 +119,25 @@ void LiveView::pictureArrived()
     std::unique_ptr<LmImage> image = theFeed.take();
     if (!image || !theDevice || theAsking)
         return;
-    if (!goesOnWith(theDeviceId))
+    const bool isNew = !goesOnWith(theDeviceId);
+    const bool isOther = !isNew && image->size() != theSource->size();
+    // What would replace or scale the work waits for the next picture while somebody is in the middle of it.
+    if ((isNew || isOther) && isBusy())
+        return;
+    if (isNew)
         open(std::move(image));
     else if (!theFrozen)
         show(std::move(image));
+}
+
+bool LiveView::isHeld() const
+{
+    return theMouseDown || theBench.editor().mouseGrabber();
+}
+
+bool LiveView::isBusy() const
+{
+    return isHeld() || QApplication::activeModalWidget() || QApplication::activePopupWidget();
 }
 
 void LiveView::open(std::unique_ptr<LmImage> aImage)
@@ -161,7 +183,7 @@ void LiveView::showNext()
     Media& media = theBench.media();
     QString error; // the live picture is always there
     std::unique_ptr<LmImage> image = theSource->readFrame(media.frame(), error);
-    if (theMouseDown || theBench.editor().mouseGrabber())
+    if (isHeld())
         media.exchangeImage(std::move(image));
     else
         media.showLive(std::move(image));

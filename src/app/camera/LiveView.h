@@ -60,6 +60,10 @@ private:
     void showResized(std::unique_ptr<LmImage> aImage);
     void showNext();
     void showLast(bool aPlaying);
+    /// Whether the mouse holds something on the canvas.
+    bool isHeld() const;
+    /// Whether somebody is in the middle of something that another document would take away.
+    bool isBusy() const;
     bool keepForProject(QString& aError);
     void sourceLeft();
 

@@ -42,7 +42,8 @@ bool PictureValues::sample(Media& aMedia, const QList<ValueKey>& aKeys, const Pr
             return false;
         QString error;
         const std::unique_ptr<LmImage> image = aMedia.readFrame(frame, error);
-        if (!image)
+        // What stands in for a damaged picture has no values.
+        if (!image || !error.isEmpty())
             continue;
         for (Measured& measured : samplers)
             measured.theSampler.sample(frame, image.get());

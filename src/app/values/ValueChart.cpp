@@ -71,6 +71,7 @@ ValueChart::ValueChart(const Media& aMedia, QWidget* aParent)
     theRebuild.setSingleShot(true);
     connect(&theRebuild, &QTimer::timeout, this, &ValueChart::rebuild);
     connect(&theMedia, &Media::opened, this, &ValueChart::mediaOpened);
+    connect(&theMedia, &Media::frameCountChanged, this, &ValueChart::showWhole);
     connect(&theMedia, &Media::frameShown, this, &ValueChart::frameShown);
     applyPalette();
     mediaOpened();

@@ -45,6 +45,8 @@ ValueStore::ValueStore(Media& aMedia, QObject* aParent) : QObject(aParent), theM
     connect(&kernel(), &LmKSKernelData::signalObjectColorChanged, this, [this] { theNews.start(0); });
     connect(&kernel(), &LmKSKernelData::signalAfterCalibrationChanged, this, &ValueStore::forgetAll);
     connect(&theMedia, &Media::opened, this, &ValueStore::forgetEverything);
+    connect(&theMedia, &Media::frameCountChanged, this, &ValueStore::forgetEverything);
+    connect(&theMedia, &Media::resolutionChanged, this, &ValueStore::forgetEverything);
 }
 
 ValueStore::~ValueStore() = default;
@@ -202,8 +204,10 @@ bool ValueStore::readPictures(const PictureValues::Progress& aProgress)
     QElapsedTimer time;
     time.start();
     QHash<ValueKey, ValueSeriesPtr> series;
-    if (!PictureValues::sample(theMedia, missingPictures(), aProgress, series))
+    if (!PictureValues::sample(theMedia, missingPictures(), aProgress, series)) {
+        thePictureTime = -1; // whoever stopped it is asked before the next time
         return false;
+    }
     thePictureTime = time.elapsed();
     for (auto it = series.cbegin(); it != series.cend(); ++it) {
         theSeries.insert(it.key(), it.value());

@@ -13,6 +13,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace {
 
 constexpr QLatin1String kFolderKey("values/lastFolder");
@@ -71,6 +73,11 @@ void ValuesDock::exportValues(const QList<ValueKey>& aKeys, const QString& aTitl
     theReading = false;
     if (result == ValueExport::kFailed)
         Q_EMIT failed(error);
-    else if (result == ValueExport::kWritten)
-        QSettings().setValue(kFolderKey, QFileInfo(path).absolutePath());
+    if (result != ValueExport::kWritten)
+        return;
+    QSettings().setValue(kFolderKey, QFileInfo(path).absolutePath());
+    if (!theMedia.source() && std::any_of(aKeys.begin(), aKeys.end(), AnimatedValues::isFromPictures))
+        Q_EMIT failed(tr(
+            "The values of the pictures are missing in the table, since the picture isn't there; locate it "
+            "and export again."));
 }
