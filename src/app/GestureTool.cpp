@@ -55,6 +55,16 @@ void GestureTool::finish()
         theCvEditor->setCurrentManipulator(theFormerTool, theFormerButton);
 }
 
+void GestureTool::takeAway(Q3CanvasItem* aItem)
+{
+    if (!aItem)
+        return;
+    if (theCvEditor->mouseGrabber() == this)
+        theCvEditor->setMouseGrabber(nullptr, false);
+    delete aItem;
+    theCvEditor->getCanvas()->update();
+}
+
 void GestureTool::toolChanged(const LmCvManipulator* aTool)
 {
     if (isRunning() == (aTool == this))

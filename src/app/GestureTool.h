@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+class Q3CanvasItem;
+
 /// A tool of the window itself: it makes no objects and has no button among the measuring tools. It takes the
 /// place of the current tool for one gesture on the picture and gives it back.
 class GestureTool : public LmCvManipulator
@@ -29,6 +31,8 @@ protected:
     virtual void begin() = 0;
     /// Takes away what the gesture shows; isRunning() is false afterwards.
     virtual void end() = 0;
+    /// Takes an item that showed the gesture from the canvas, and the mouse from this tool; null is nothing.
+    void takeAway(Q3CanvasItem* aItem);
 
 private:
     void toolChanged(const LmCvManipulator* aTool);

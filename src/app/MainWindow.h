@@ -50,6 +50,7 @@ private:
     void addToolDocks();
     void addValues();
     void restoreLayout();
+    void saveLayout() const;
     void pictureOpened();
     void updateTitle();
     void updateSelection();

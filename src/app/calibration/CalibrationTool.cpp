@@ -7,6 +7,8 @@
 
 #include <QMouseEvent>
 
+#include <utility>
+
 namespace {
 
 /// Screen pixels; a shorter way is a click that trembled.
@@ -125,13 +127,7 @@ bool CalibrationTool::abortAction()
 
 void CalibrationTool::removeLine()
 {
-    if (!theLine)
-        return;
-    if (theCvEditor->mouseGrabber() == this)
-        theCvEditor->setMouseGrabber(nullptr, false);
-    delete theLine;
-    theLine = nullptr;
-    theCvEditor->getCanvas()->update();
+    takeAway(std::exchange(theLine, nullptr));
 }
 
 void CalibrationTool::setState(State aState)

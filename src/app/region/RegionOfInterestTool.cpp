@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+#include <utility>
+
 namespace {
 
 QPoint clamped(const QPoint& aPoint, const QRect& aBounds)
@@ -142,13 +144,7 @@ bool RegionOfInterestTool::abortAction()
 
 void RegionOfInterestTool::removeFrame()
 {
-    if (!theFrame)
-        return;
-    if (theCvEditor->mouseGrabber() == this)
-        theCvEditor->setMouseGrabber(nullptr, false);
-    delete theFrame;
-    theFrame = nullptr;
-    theCvEditor->getCanvas()->update();
+    takeAway(std::exchange(theFrame, nullptr));
 }
 
 void RegionOfInterestTool::setState(State aState)
