@@ -96,6 +96,11 @@ bool SampleClips::addStamps()
         twins.stamps.push_back(frame / 2 * 80);
         edited.stamps.push_back(frame * 40 - 700);
     }
+    // Here more packets are hidden than are decoded to see whether the stamps can be trusted.
+    ClipOptions hidden = reordered(smallClip(), false, 60);
+    hidden.ticksPerSecond = kTicks;
+    for (int frame = 0; frame < kFrames; ++frame)
+        hidden.stamps.push_back(frame * 40 - 40 * 45);
     ClipOptions late = reordered(smallClip(), false, 12);
     late.stamps = variable.stamps;
     late.ticksPerSecond = kTicks;
@@ -104,6 +109,7 @@ bool SampleClips::addStamps()
     return add(QStringLiteral("variable"), QStringLiteral("mkv"), variable) &&
            add(QStringLiteral("two frames with one stamp"), QStringLiteral("mkv"), twins) &&
            add(QStringLiteral("edit list"), QStringLiteral("mp4"), edited) &&
+           add(QStringLiteral("edit list in a long group"), QStringLiteral("mp4"), hidden) &&
            add(QStringLiteral("late start"), QStringLiteral("mkv"), late) &&
            add(QStringLiteral("edit list mov"), QStringLiteral("mov"), edited);
 }

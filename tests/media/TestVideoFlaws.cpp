@@ -39,6 +39,8 @@ private Q_SLOTS:
     void videoBegunInsideAGroupHasItsWholeFrames();
     void frameOfAnotherSizeIsToldAndCut();
     void variableRateAndOblongPixelsAreTold();
+    void oneKeyAtTheStartServesAllFrames();
+    void joinedRecordingsComeOneAfterTheOther();
 
 private:
     QString path(const QString& aName) const { return theFolder.filePath(aName); }
@@ -225,6 +227,53 @@ void TestVideoFlaws::variableRateAndOblongPixelsAreTold()
              qPrintable(video->rateText()));
     QVERIFY2(video->remark().contains(QStringLiteral("not equally far apart")), qPrintable(video->remark()));
     QVERIFY2(video->remark().contains(QStringLiteral("not square (16 : 15)")), qPrintable(video->remark()));
+}
+
+void TestVideoFlaws::oneKeyAtTheStartServesAllFrames()
+{
+    ClipOptions options = smallClip();
+    options.size = QSize(64, 48);
+    options.texture = false;
+    options.count = 3300;
+    options.groupSize = 10000;
+    options.encoder[QStringLiteral("preset")] = QStringLiteral("ultrafast");
+    const QString file = clip(QStringLiteral("onekey.mkv"), options);
+    QString error;
+    const auto video = VideoFile::open(file, error, MediaSource::Progress(), 1 << 20);
+    QVERIFY2(video, qPrintable(error));
+    QCOMPARE(video->frameCount(), options.count);
+    for (const int frame : {3200, 3050, 3299, 10}) {
+        const auto image = video->readFrame(frame, error);
+        QVERIFY2(error.isEmpty(), qPrintable(error));
+        QCOMPARE(ClipNumber::read(*image), frame);
+    }
+}
+
+void TestVideoFlaws::joinedRecordingsComeOneAfterTheOther()
+{
+    constexpr int kCount = 60;
+    QByteArray bytes;
+    for (const int delay : {0, 13}) {
+        ClipOptions options = smallClip();
+        options.count = kCount;
+        options.ticksPerSecond = 1000;
+        for (int frame = 0; frame < kCount; ++frame)
+            options.stamps.push_back(frame * 40 + delay);
+        QFile part(clip(QStringLiteral("part%1.ts").arg(delay), options));
+        QVERIFY(part.open(QIODevice::ReadOnly));
+        bytes += part.readAll();
+    }
+    QFile joined(path(QStringLiteral("joined.ts")));
+    QVERIFY(joined.open(QIODevice::WriteOnly) && joined.write(bytes) == bytes.size());
+    joined.close();
+    QString error;
+    const auto video = VideoFile::open(joined.fileName(), error);
+    QVERIFY2(video, qPrintable(error));
+    QVERIFY2(video->frameCount() > kCount && video->frameCount() <= 2 * kCount,
+             qPrintable(QString::number(video->frameCount())));
+    for (const int frame : {0, 20, 40})
+        QCOMPARE(ClipNumber::read(*video->readFrame(frame, error)), frame);
+    QCOMPARE(ClipNumber::read(*video->readFrame(video->frameCount() - 1, error)), kCount - 1);
 }
 
 MEASURE_TEST_MAIN(TestVideoFlaws)

@@ -14,7 +14,8 @@ bool VideoDecoder::open(const AVCodecParameters& aParameters, int aReorderDepth)
     theContext.reset(codec ? avcodec_alloc_context3(codec) : nullptr);
     if (!theContext || avcodec_parameters_to_context(theContext.get(), &aParameters) < 0)
         return false;
-    theContext->has_b_frames = std::max(theContext->has_b_frames, aReorderDepth);
+    theContext->has_b_frames = std::clamp(aReorderDepth, theContext->has_b_frames,
+                                          std::max(theContext->has_b_frames, kDeepestReorder));
     theContext->thread_count = std::clamp(QThread::idealThreadCount(), 1, kMostThreads);
     theContext->thread_type = FF_THREAD_FRAME | FF_THREAD_SLICE;
     theContext->max_pixels = VideoFile::kMaxPixels;

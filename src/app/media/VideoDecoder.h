@@ -27,6 +27,8 @@ public:
     /// Passes over frames that no other frame needs, as long as it is set.
     void skipUnneeded(bool aSkip);
     int reorderDepth() const { return theContext->has_b_frames; }
+    /// No codec holds more frames back for their order; decoders fail on more.
+    static constexpr int kDeepestReorder = 16;
     /// How many packets after a packet an error in it is told at the latest.
     int delay() const { return theContext->thread_count; }
 

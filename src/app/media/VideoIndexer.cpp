@@ -95,5 +95,5 @@ void VideoIndexer::noteEnd(const AVPacket& aPacket)
     if (stamp == AV_NOPTS_VALUE)
         return;
     const AVStream* stream = theInput.format().streams[aPacket.stream_index];
-    theEnd = std::max(theEnd, double(stamp + aPacket.duration) * av_q2d(stream->time_base));
+    theEnd = std::max(theEnd, (double(stamp) + double(aPacket.duration)) * av_q2d(stream->time_base));
 }

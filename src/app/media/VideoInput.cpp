@@ -6,6 +6,7 @@ extern "C" {
 
 #include <algorithm>
 #include <climits>
+#include <utility>
 
 namespace {
 
@@ -93,8 +94,6 @@ bool VideoInput::reopen()
 
 VideoInput::Result VideoInput::openFormat()
 {
-    theStream = nullptr;
-    theFormat.reset();
     const AVInputFormat* container = recognise(theUrl);
     if (!container)
         return Result::kUnknownKind;
@@ -105,28 +104,32 @@ VideoInput::Result VideoInput::openFormat()
     av_dict_free(&options);
     if (opened < 0)
         return Result::kDamaged;
-    theFormat.reset(format);
-    if (const AVStream* video = findVideo())
+    VideoHandles::Format opening(format);
+    if (const AVStream* video = findVideo(*format))
         theToldSize = QSize(video->codecpar->width, video->codecpar->height);
     if (avformat_find_stream_info(format, nullptr) < 0)
         return Result::kDamaged;
-    theStream = findVideo();
-    return theStream ? Result::kOpen : Result::kNoVideo;
+    AVStream* stream = findVideo(*format);
+    if (!stream)
+        return Result::kNoVideo;
+    // What was open before stays until here, so that a file that has gone leaves something to ask.
+    theFormat = std::move(opening);
+    theStream = stream;
+    return Result::kOpen;
 }
 
 /// The best stream of moving pictures; the cover of a piece of music is none.
-AVStream* VideoInput::findVideo() const
+AVStream* VideoInput::findVideo(AVFormatContext& aFormat)
 {
     const auto isVideo = [](const AVStream* aStream) {
         return aStream->codecpar->codec_type == AVMEDIA_TYPE_VIDEO &&
                !(aStream->disposition & AV_DISPOSITION_ATTACHED_PIC);
     };
-    AVFormatContext* format = theFormat.get();
-    const int best = av_find_best_stream(format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
-    if (best >= 0 && isVideo(format->streams[best]))
-        return format->streams[best];
-    AVStream** const end = format->streams + format->nb_streams;
-    AVStream** const found = std::find_if(format->streams, end, isVideo);
+    const int best = av_find_best_stream(&aFormat, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    if (best >= 0 && isVideo(aFormat.streams[best]))
+        return aFormat.streams[best];
+    AVStream** const end = aFormat.streams + aFormat.nb_streams;
+    AVStream** const found = std::find_if(aFormat.streams, end, isVideo);
     return found == end ? nullptr : *found;
 }
 

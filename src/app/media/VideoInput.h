@@ -39,7 +39,7 @@ public:
 
 private:
     Result openFormat();
-    AVStream* findVideo() const;
+    static AVStream* findVideo(AVFormatContext& aFormat);
 
     QByteArray theUrl;
     VideoHandles::Format theFormat;

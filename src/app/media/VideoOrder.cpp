@@ -36,7 +36,9 @@ bool VideoOrder::run(bool aTrustStamps, const MediaSource::Progress& aProgress)
 {
     if (const auto order = theIndex.orderByStamps(); order && aTrustStamps) {
         theIndex.setOrder(*order);
-        if (theDecoder.open(*theInput.stream().codecpar, theIndex.reorderDepth()) &&
+        // Stamps that run back, as where two recordings were joined, are no order that a codec can have.
+        const int depth = theIndex.reorderDepth();
+        if (depth <= VideoDecoder::kDeepestReorder && theDecoder.open(*theInput.stream().codecpar, depth) &&
             agreesWithDecoder(*order))
             return true;
     }
@@ -46,12 +48,18 @@ bool VideoOrder::run(bool aTrustStamps, const MediaSource::Progress& aProgress)
 
 bool VideoOrder::agreesWithDecoder(const std::vector<int>& aOrder)
 {
-    const int count = std::min(kProbePackets, theIndex.packetCount());
+    // Hidden packets in front give no frame to compare.
+    int hidden = 0;
+    while (hidden < theIndex.packetCount() && theIndex.packet(hidden).theHidden)
+        ++hidden;
+    const int count = std::min(hidden + kProbePackets, theIndex.packetCount());
     decode(count, MediaSource::Progress());
     std::vector<int> expected;
     std::copy_if(aOrder.begin(), aOrder.end(), std::back_inserter(expected),
                  [count](int aSerial) { return aSerial < count; });
-    if (theOutput == expected || theOutput.empty() || !theDamaged)
+    if (theOutput.empty())
+        return false;
+    if (theOutput == expected || !theDamaged)
         return theOutput == expected;
     // A damaged frame is one all the same, and told when it is asked for. But frames before the first key are
     // none where the video begins in the middle of a group.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 namespace {
 
@@ -57,6 +58,8 @@ std::unique_ptr<LmImage> VideoPixels::convert(const AVFrame& aFrame, const QSize
                      ? std::make_unique<LmImage>(aShown.width(), aShown.height(), scaler.channels(), nullptr,
                                                  kRowAlign)
                      : PicturePixels::empty(aShown, scaler.channels());
+    if (image->size() != aShown)
+        throw std::bad_alloc();
     const bool isPlain = theRightX == 1 && theDownY == 1;
     if (isPlain)
         copyUpright(scaler, frameSize, *image);

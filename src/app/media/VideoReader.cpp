@@ -54,13 +54,14 @@ void VideoReader::decodeAnew(int aFrame)
     // Beyond it a damaged frame would be searched for minutes.
     constexpr int kMostPacketsFromFront = 3000;
     int key = theIndex.keyFor(aFrame, theIndex.serialOf(aFrame));
+    const bool isFrontTheOnlyKey = key <= 0;
     for (int start = 0; start < kMostStarts && key > 0; ++start) {
         if (begin(key) && decodeUntil(aFrame))
             return;
         for (int back = 0; back <= start && key > 0; ++back)
             key = theIndex.keyFor(aFrame, key - 1);
     }
-    if (theIndex.serialOf(aFrame) < kMostPacketsFromFront && begin(0))
+    if ((isFrontTheOnlyKey || theIndex.serialOf(aFrame) < kMostPacketsFromFront) && begin(0))
         decodeUntil(aFrame);
 }
 
@@ -69,6 +70,7 @@ bool VideoReader::begin(int aSerial)
     theNext = -1;
     theErrors.clear();
     theLastFrame = -1;
+    theStart = aSerial;
     theDecoder.flush();
     if (!approach(aSerial))
         return false;
@@ -133,12 +135,16 @@ bool VideoReader::readNext()
 
 bool VideoReader::decodeUntil(int aFrame)
 {
-    while (!theFound.theFrame && theNext >= 0 && theLastFrame <= aFrame + kMostDisorder)
+    // Also where nothing comes out any more the end is known: with all that a decoder may hold back, and two
+    // packets a frame.
+    const int held = 2 * (theDecoder.delay() + VideoDecoder::kDeepestReorder + kMostDisorder);
+    const int last = theIndex.serialOf(aFrame) + held;
+    while (!theFound.theFrame && theNext >= 0 && theNext <= last && theLastFrame <= aFrame + kMostDisorder)
         if (theNext < theIndex.packetCount()) {
             sendNext(aFrame);
         } else {
             theDecoder.drain();
-            receive(aFrame);
+            receive(aFrame, theNext - 1);
             theNext = -1;
         }
     return theFound.theFrame != nullptr;
@@ -150,10 +156,9 @@ void VideoReader::sendNext(int aFrame)
     theDecoder.skipUnneeded(isWorthSkipping(serial, aFrame));
     if (thePacket->flags & AV_PKT_FLAG_CORRUPT)
         noteError(serial, serial);
-    const bool isTaken = theDecoder.send(*thePacket, serial);
-    receive(aFrame);
-    if (theDecoder.takeFailure() || !isTaken)
-        noteError(std::max(0, serial - theDecoder.delay()), serial);
+    if (!theDecoder.send(*thePacket, serial))
+        noteFailure(serial);
+    receive(aFrame, serial);
     readNext();
 }
 
@@ -165,11 +170,23 @@ bool VideoReader::isWorthSkipping(int aSerial, int aFrame) const
     return theMaySkip && frame >= 0 && frame < aFrame - kKeptBefore && !theCache.isSteppingBack();
 }
 
-void VideoReader::receive(int aFrame)
+/// Errors are noted before the frames that come out behind them.
+void VideoReader::receive(int aFrame, int aLastSent)
 {
     const VideoHandles::Frame frame(av_frame_alloc());
-    while (theDecoder.receive(*frame))
+    while (theDecoder.receive(*frame)) {
+        if (theDecoder.takeFailure())
+            noteFailure(aLastSent);
         take(*frame, aFrame);
+    }
+    if (theDecoder.takeFailure())
+        noteFailure(aLastSent);
+}
+
+/// A decoder with several threads tells later which packet it can't read.
+void VideoReader::noteFailure(int aSerial)
+{
+    noteError(std::max(theStart, aSerial - theDecoder.delay()), aSerial);
 }
 
 void VideoReader::take(const AVFrame& aFrame, int aWanted)
@@ -188,7 +205,7 @@ void VideoReader::take(const AVFrame& aFrame, int aWanted)
     if (!picture.theFrame)
         return;
     theCache.insert(frame, picture);
-    if (frame == aWanted)
+    if (frame == aWanted && !theFound.theFrame)
         theFound = picture;
 }
 

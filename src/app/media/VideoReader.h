@@ -40,7 +40,8 @@ private:
     bool decodeUntil(int aFrame);
     void sendNext(int aFrame);
     bool isWorthSkipping(int aSerial, int aFrame) const;
-    void receive(int aFrame);
+    void receive(int aFrame, int aLastSent);
+    void noteFailure(int aSerial);
     void take(const AVFrame& aFrame, int aWanted);
     void noteError(int aFirst, int aLast);
     bool isAffected(int aSerial) const;
@@ -57,6 +58,7 @@ private:
     VideoHandles::Packet thePacket;
     int theNext = -1;      // serial of the packet to be sent next, which is in thePacket; -1 when not running
     int theFirstFrame = 0; // frames before it lack what they were made from
+    int theStart = 0;      // serial of the packet with which decoding began
     int theLastFrame = -1; // that came out
     std::vector<std::pair<int, int>> theErrors; // serials, first and last, since decoding began here
     std::set<int> theDamaged;

@@ -116,10 +116,12 @@ bool VideoScaler::setUp(const Kind& aKind)
     // it stands in its pair.
     constexpr int kExact = SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP | SWS_BICUBIC;
     constexpr int kOne = 1 << 16; // contrast and saturation
+    if (!sws_isSupportedInput(aKind.theFormat))
+        return false;
     theChannels = isGray(aKind.theFormat) ? 1 : 3;
     theContext.reset(sws_alloc_context());
     SwsContext* context = theContext.get();
-    if (!context || !sws_isSupportedInput(aKind.theFormat))
+    if (!context)
         return false;
     const auto set = [context](const char* aName, int aValue) { av_opt_set_int(context, aName, aValue, 0); };
     set("srcw", aKind.theWidth);
