@@ -18,7 +18,8 @@ class FileCommands : public QObject
 public:
     FileCommands(Workbench& aBench, RecentFiles& aRecent, QWidget& aWindow);
 
-    /// Opens a picture, a video, a folder of pictures or a project; false if the user kept the present work or if it couldn't be opened.
+    /// Opens a picture, a video, a folder of pictures or a project; false if the user kept the present work
+    /// or if it couldn't be opened.
     bool open(const QString& aPath);
     /// True if the present work may go: it is saved already, was saved now, or the user gives it up.
     bool mayLeaveWork();
