@@ -50,6 +50,14 @@ FrameBar::FrameBar(Media& aMedia, Player& aPlayer, const TimelineActions& aActio
     follow();
 }
 
+FrameBar::~FrameBar()
+{
+    // The fields go after this object, and one that has the focus tells so when it loses it.
+    for (QObject* field :
+         {static_cast<QObject*>(theNumber), static_cast<QObject*>(theTime), static_cast<QObject*>(theSpeed)})
+        field->disconnect(this);
+}
+
 void FrameBar::makeFields()
 {
     theNumber->setObjectName(QStringLiteral("frameNumber"));

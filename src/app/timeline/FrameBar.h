@@ -20,6 +20,7 @@ class FrameBar : public QToolBar
 public:
     FrameBar(Media& aMedia, Player& aPlayer, const TimelineActions& aActions, QAction& aPrevious,
              QAction& aNext, QWidget* aParent);
+    ~FrameBar() override;
 
 Q_SIGNALS:
     /// A frame couldn't be shown: one sentence.

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -122,7 +123,7 @@ void TimelineView::trackChanged()
 
 void TimelineView::select(const QList<int>& aFrames)
 {
-    QList<int> wanted = aFrames;
+    std::vector<int> wanted(aFrames.begin(), aFrames.end());
     std::sort(wanted.begin(), wanted.end());
     QList<int> there;
     std::set_intersection(theTrack.frames().begin(), theTrack.frames().end(), wanted.begin(), wanted.end(),
