@@ -20,6 +20,12 @@ constexpr int kRowHeight = 28;
 constexpr int kFirstWidth = 480;
 constexpr double kRounding = 1e-6; // frames
 
+/// The lists' own comparison hands null to memcmp where one of two empty ones was never filled.
+bool areEqual(const QList<int>& aOne, const QList<int>& aOther)
+{
+    return std::equal(aOne.begin(), aOne.end(), aOther.begin(), aOther.end());
+}
+
 } // namespace
 
 TimelineView::TimelineView(const Media& aMedia, KeyframeTrack& aTrack, QWidget* aParent)
@@ -99,7 +105,7 @@ void TimelineView::trackChanged()
 {
     const QString object = theTrack.objectText();
     const QList<int>& frames = theTrack.frames();
-    if (frames != theKnown)
+    if (!areEqual(frames, theKnown))
         endGesture(true);
     if (object == theKnownObject) {
         QList<int> fresh;
@@ -128,7 +134,7 @@ void TimelineView::select(const QList<int>& aFrames)
     QList<int> there;
     std::set_intersection(theTrack.frames().begin(), theTrack.frames().end(), wanted.begin(), wanted.end(),
                           std::back_inserter(there));
-    const bool isOther = there != theSelected;
+    const bool isOther = !areEqual(there, theSelected);
     theSelected = there;
     viewport()->update();
     if (isOther)
