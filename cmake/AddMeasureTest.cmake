@@ -1,17 +1,16 @@
-# Tests are most of the code: their own lines are hardly optimised, and the tests of a folder share one precompiled
-# header of what all of them include, unless MEASURETOOLS_NO_SHARED_HEADER is set because their definitions differ.
-# Together that more than halves the time that a build takes.
+# Tests are most of the code: their own lines and those that they share are hardly optimised, and all share one precompiled
+# header of what they include. The target that asks first owns it and has no definitions of its own.
 function(make_quick_to_compile name)
-    target_compile_options(${name} PRIVATE $<IF:$<BOOL:${MEASURETOOLS_SANITIZE}>,-O0,-O1>)
-    if(MEASURETOOLS_NO_SHARED_HEADER)
-        return()
-    endif()
-    get_property(first DIRECTORY PROPERTY MEASURETOOLS_FIRST_TEST)
-    if(first)
-        target_precompile_headers(${name} REUSE_FROM ${first})
+    # Definitions that Qt's test header looks at, and that differ: where the data of tests are, which these tests make
+    # themselves, and whether there is a network, which they don't use.
+    target_compile_options(${name} PRIVATE $<IF:$<BOOL:${MEASURETOOLS_SANITIZE}>,-O0,-O1>
+                           -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR -UQT_NETWORK_LIB)
+    get_property(owner GLOBAL PROPERTY MEASURETOOLS_TEST_HEADERS)
+    if(owner)
+        target_precompile_headers(${name} REUSE_FROM ${owner})
     else()
         target_precompile_headers(${name} PRIVATE <QApplication> <QtTest>)
-        set_property(DIRECTORY PROPERTY MEASURETOOLS_FIRST_TEST ${name})
+        set_property(GLOBAL PROPERTY MEASURETOOLS_TEST_HEADERS ${name})
     endif()
 endfunction()
 
