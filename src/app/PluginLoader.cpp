@@ -5,10 +5,14 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonObject>
 #include <QLibrary>
 #include <QPluginLoader>
+
+#include <cstring>
+#include <link.h>
 
 namespace {
 
@@ -40,8 +44,25 @@ QString asClause(QString aText)
     return aText;
 }
 
+/// Loading what is left of a file that was copied in part would end the program.
+bool isCutOff(const QString& aFile)
+{
+    ElfW(Ehdr) head;
+    QFile file(aFile);
+    if (!file.open(QIODevice::ReadOnly) ||
+        file.read(reinterpret_cast<char*>(&head), sizeof head) < qint64(sizeof head) ||
+        std::memcmp(head.e_ident, ELFMAG, SELFMAG) != 0)
+        return false;
+    // The table of sections is the last thing in the file.
+    return qint64(head.e_shoff) + qint64(head.e_shnum) * head.e_shentsize > file.size();
+}
+
 bool checkRecord(const QString& aFile, QString& aError)
 {
+    if (isCutOff(aFile)) {
+        aError = refused(aFile, tr("it is cut off"));
+        return false;
+    }
     QLibrary library(aFile);
     if (!library.load()) {
         aError = refused(aFile, asClause(library.errorString()));

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void pluginOfTheBuildTreeIsFoundBesideTheProgram();
     void missingEverywhereNamesTheFoldersAndTheVariable();
     void textFileIsNoPlugin();
+    void cutPluginIsRefused_data();
     void cutPluginIsRefused();
     void pluginWithoutRecordIsRefused();
     void recordOfAnotherVersionIsRefused();
@@ -117,10 +118,19 @@ void TestPluginLoader::textFileIsNoPlugin()
     QVERIFY2(error.contains(file) && error.contains(QStringLiteral("can't be used")), qPrintable(error));
 }
 
+void TestPluginLoader::cutPluginIsRefused_data()
+{
+    QTest::addColumn<qsizetype>("left");
+    const qsizetype size = QFileInfo(QStringLiteral(MEASURETOOLS_PLUGIN_FILE)).size();
+    for (const qsizetype left : {qsizetype(20), qsizetype(600), size / 2, size * 9 / 10, size - 1})
+        QTest::addRow("%lld of %lld bytes", qlonglong(left), qlonglong(size)) << left;
+}
+
 void TestPluginLoader::cutPluginIsRefused()
 {
+    QFETCH(qsizetype, left);
     const QString file = theFolder.filePath(QStringLiteral("libCut.so"));
-    MadeFiles::write(file, MadeFiles::read(QStringLiteral(MEASURETOOLS_PLUGIN_FILE)).left(600));
+    MadeFiles::write(file, MadeFiles::read(QStringLiteral(MEASURETOOLS_PLUGIN_FILE)).left(left));
     const QString error = refusal(file);
     QVERIFY2(error.contains(QStringLiteral("can't be used")), qPrintable(error));
 }
