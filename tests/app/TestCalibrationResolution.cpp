@@ -161,7 +161,7 @@ void TestCalibrationResolution::dialogTellsOfReplacingAndOfGuesses()
         return aDialog.findChild<QLabel*>(QStringLiteral("meaning"))->text();
     };
     ResolutionDialog dialog(ResolutionTag{254.0, 254.0, ResolutionTag::kInch}, nullptr);
-    QVERIFY(dialog.findChild<QLabel*>(QStringLiteral("noted"))
+    QVERIFY(dialog.findChild<QLabel*>(QStringLiteral("introduction"))
                 ->text()
                 .contains(QStringLiteral("254 pixels per inch")));
     QCOMPARE(meaning(dialog), QStringLiteral("The picture is 40 mm wide, a pixel 0.1 mm."));

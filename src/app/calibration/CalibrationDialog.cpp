@@ -3,13 +3,8 @@
 #include "Calibration.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSettings>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -24,62 +19,31 @@ QString titleOf(CalibrationDialog::Mode aMode)
 } // namespace
 
 CalibrationDialog::CalibrationDialog(Mode aMode, double aPixels, QWidget* aParent)
-    : QDialog(aParent), theMode(aMode), thePixels(aPixels), theNumber(new QLineEdit(this)),
-      theUnit(new QComboBox(this)), theName(new QLineEdit(this)), theMeaning(new QLabel(this))
+    : CalibrationForm(aParent), theMode(aMode), thePixels(aPixels), theNumber(new QLineEdit(this))
 {
     setWindowTitle(titleOf(theMode));
-    auto* layout = new QVBoxLayout(this);
     if (theMode == kLength)
-        layout->addWidget(
-            new QLabel(tr("The line is %1 pixels long.").arg(Calibration::numberText(thePixels)), this));
+        introduce(tr("The line is %1 pixels long.").arg(Calibration::numberText(thePixels)));
     makeFields();
-    auto* form = new QFormLayout;
-    form->addRow(theMode == kLength ? tr("&Length:") : tr("&Size of a pixel:"), theNumber);
-    form->addRow(tr("&Unit:"), theUnit);
-    form->addRow(tr("&Name:"), theName);
-    layout->addLayout(form);
-    layout->addWidget(theMeaning);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    layout->addWidget(buttons);
-    theOk = buttons->button(QDialogButtonBox::Ok);
-    connect(buttons, &QDialogButtonBox::accepted, this, &CalibrationDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &CalibrationDialog::reject);
+    keepRoom(40, 2);
     inputChanged();
 }
 
 void CalibrationDialog::makeFields()
 {
     theNumber->setObjectName(QStringLiteral("number"));
-    theNumber->setFocus();
-    theUnit->setObjectName(QStringLiteral("unit"));
-    theUnit->setEditable(true);
-    theUnit->addItems({tr("nm"), tr("µm"), tr("mm"), tr("cm"), tr("m"), tr("km"), tr("in"), tr("ft")});
-    theUnit->setCurrentText(QSettings().value(kUnitKey, tr("mm")).toString());
-    theName->setObjectName(QStringLiteral("name"));
-    theName->setPlaceholderText(Calibration::freeName());
-    theName->setMaxLength(100);
-    theMeaning->setWordWrap(true);
-    theMeaning->setTextFormat(Qt::PlainText);
-    // Room for two lines from the start, so that the dialog doesn't jump while something is typed.
-    theMeaning->setMinimumWidth(40 * theMeaning->fontMetrics().averageCharWidth());
-    theMeaning->setMinimumHeight(2 * theMeaning->fontMetrics().lineSpacing());
-    connect(theNumber, &QLineEdit::textChanged, this, &CalibrationDialog::inputChanged);
-    connect(theUnit, &QComboBox::currentTextChanged, this, &CalibrationDialog::inputChanged);
-    connect(theName, &QLineEdit::textChanged, this, &CalibrationDialog::inputChanged);
-}
-
-QString CalibrationDialog::name() const
-{
-    const QString typed = theName->text().simplified();
-    return typed.isEmpty() ? Calibration::freeName() : typed;
+    addField(theMode == kLength ? tr("&Length:") : tr("&Size of a pixel:"), *theNumber);
+    unit().setEditable(true);
+    unit().addItems({tr("nm"), tr("µm"), tr("mm"), tr("cm"), tr("m"), tr("km"), tr("in"), tr("ft")});
+    unit().setCurrentText(QSettings().value(kUnitKey, tr("mm")).toString());
 }
 
 LmCalibData CalibrationDialog::calibration() const
 {
     const double number = Calibration::numberFromText(theNumber->text());
-    const QString unit = theUnit->currentText().simplified();
-    return theMode == kLength ? Calibration::fromLength(thePixels, number, unit)
-                              : Calibration::fromPixelSize(number, unit);
+    const QString name = unit().currentText().simplified();
+    return theMode == kLength ? Calibration::fromLength(thePixels, number, name)
+                              : Calibration::fromPixelSize(number, name);
 }
 
 QString CalibrationDialog::explanation(const LmCalibData& aData) const
@@ -90,17 +54,9 @@ QString CalibrationDialog::explanation(const LmCalibData& aData) const
         return tr("This is not a number above zero.");
     if (aData.theUnit.isEmpty())
         return tr("Enter a unit, for example mm.");
-    QString text = Calibration::meaning(aData);
-    if (Calibration::isUsable(aData) && Calibration::names().contains(name()))
-        text += QLatin1Char('\n') + tr("This replaces “%1”.").arg(name());
-    return text;
-}
-
-void CalibrationDialog::inputChanged()
-{
-    const LmCalibData typed = calibration();
-    theOk->setEnabled(Calibration::isUsable(typed) && !typed.theUnit.isEmpty());
-    theMeaning->setText(explanation(typed));
+    const QString meaning = Calibration::meaning(aData);
+    const QString replaced = Calibration::isUsable(aData) ? replacement() : QString();
+    return replaced.isEmpty() ? meaning : meaning + QLatin1Char('\n') + replaced;
 }
 
 void CalibrationDialog::accept()

@@ -1,17 +1,10 @@
 #ifndef CALIBRATIONDIALOG_H
 #define CALIBRATIONDIALOG_H
 
-#include "LmCalibData.h"
-
-#include <QDialog>
-
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
+#include "CalibrationForm.h"
 
 /// Asks for one number, its unit and, if wanted, a name, and shows at once what they mean for the picture.
-class CalibrationDialog : public QDialog
+class CalibrationDialog final : public CalibrationForm
 {
     Q_OBJECT
 
@@ -24,24 +17,17 @@ public:
     /// aPixels is the length of the way that was measured; it counts for kLength only.
     CalibrationDialog(Mode aMode, double aPixels, QWidget* aParent);
 
-    /// The name that was typed, or a free one.
-    QString name() const;
-    LmCalibData calibration() const;
+    LmCalibData calibration() const override;
 
     void accept() override;
 
 private:
     void makeFields();
-    QString explanation(const LmCalibData& aData) const;
-    void inputChanged();
+    QString explanation(const LmCalibData& aData) const override;
 
     const Mode theMode;
     const double thePixels;
     QLineEdit* theNumber;
-    QComboBox* theUnit;
-    QLineEdit* theName;
-    QLabel* theMeaning;
-    QPushButton* theOk;
 };
 
 #endif

@@ -3,12 +3,6 @@
 #include "Calibration.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 #include <cmath>
 
@@ -26,25 +20,12 @@ bool isUsualGuess(const ResolutionTag& aTag)
 } // namespace
 
 ResolutionDialog::ResolutionDialog(const ResolutionTag& aTag, QWidget* aParent)
-    : QDialog(aParent), theTag(aTag), theUnit(new QComboBox(this)), theName(new QLineEdit(this)),
-      theMeaning(new QLabel(this))
+    : CalibrationForm(aParent), theTag(aTag)
 {
     setWindowTitle(tr("Calibrate from the Picture's Resolution"));
-    auto* layout = new QVBoxLayout(this);
-    auto* noted = new QLabel(tr("The file says that the picture has %1.").arg(tagText(theTag)), this);
-    noted->setObjectName(QStringLiteral("noted"));
-    layout->addWidget(noted);
-    makeFields();
-    auto* form = new QFormLayout;
-    form->addRow(tr("&Unit:"), theUnit);
-    form->addRow(tr("&Name:"), theName);
-    layout->addLayout(form);
-    layout->addWidget(theMeaning);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    layout->addWidget(buttons);
-    theOk = buttons->button(QDialogButtonBox::Ok);
-    connect(buttons, &QDialogButtonBox::accepted, this, &ResolutionDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &ResolutionDialog::reject);
+    introduce(tr("The file says that the picture has %1.").arg(tagText(theTag)));
+    fillUnits();
+    keepRoom(50, 3);
     inputChanged();
 }
 
@@ -64,35 +45,19 @@ QString ResolutionDialog::tagText(const ResolutionTag& aTag)
     return tr("%1 pixels per metre").arg(count);
 }
 
-void ResolutionDialog::makeFields()
+/// With their lengths in millimetres.
+void ResolutionDialog::fillUnits()
 {
-    theUnit->setObjectName(QStringLiteral("unit"));
-    theUnit->addItem(tr("mm"), 1.0);
-    theUnit->addItem(tr("cm"), 10.0);
-    theUnit->addItem(tr("µm"), 0.001);
-    theUnit->addItem(tr("in"), 25.4);
-    theName->setObjectName(QStringLiteral("name"));
-    theName->setPlaceholderText(Calibration::freeName());
-    theName->setMaxLength(100);
-    theMeaning->setObjectName(QStringLiteral("meaning"));
-    theMeaning->setWordWrap(true);
-    theMeaning->setTextFormat(Qt::PlainText);
-    theMeaning->setMinimumWidth(50 * theMeaning->fontMetrics().averageCharWidth());
-    theMeaning->setMinimumHeight(3 * theMeaning->fontMetrics().lineSpacing());
-    connect(theUnit, &QComboBox::currentIndexChanged, this, &ResolutionDialog::inputChanged);
-    connect(theName, &QLineEdit::textChanged, this, &ResolutionDialog::inputChanged);
-}
-
-QString ResolutionDialog::name() const
-{
-    const QString typed = theName->text().simplified();
-    return typed.isEmpty() ? Calibration::freeName() : typed;
+    unit().addItem(tr("mm"), 1.0);
+    unit().addItem(tr("cm"), 10.0);
+    unit().addItem(tr("µm"), 0.001);
+    unit().addItem(tr("in"), 25.4);
 }
 
 LmCalibData ResolutionDialog::calibration() const
 {
-    const double millimetresPerUnit = theUnit->currentData().toDouble();
-    return Calibration::fromPixelSize(theTag.pixelMillimetres() / millimetresPerUnit, theUnit->currentText());
+    const double millimetresPerUnit = unit().currentData().toDouble();
+    return Calibration::fromPixelSize(theTag.pixelMillimetres() / millimetresPerUnit, unit().currentText());
 }
 
 QString ResolutionDialog::explanation(const LmCalibData& aData) const
@@ -100,14 +65,7 @@ QString ResolutionDialog::explanation(const LmCalibData& aData) const
     QStringList lines{Calibration::meaning(aData)};
     if (isUsualGuess(theTag))
         lines << tr("Many programs write this resolution when they know none; check it with a known length.");
-    if (Calibration::names().contains(name()))
-        lines << tr("This replaces “%1”.").arg(name());
+    if (const QString replaced = replacement(); !replaced.isEmpty())
+        lines << replaced;
     return lines.join(QLatin1Char('\n'));
-}
-
-void ResolutionDialog::inputChanged()
-{
-    const LmCalibData offered = calibration();
-    theOk->setEnabled(Calibration::isUsable(offered));
-    theMeaning->setText(explanation(offered));
 }

@@ -1,19 +1,12 @@
 #ifndef RESOLUTIONDIALOG_H
 #define RESOLUTIONDIALOG_H
 
-#include "LmCalibData.h"
+#include "CalibrationForm.h"
 #include "ResolutionTag.h"
-
-#include <QDialog>
-
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
 
 /// Shows the resolution that a picture's file notes and what it makes of a pixel, and asks for the unit and a
 /// name.
-class ResolutionDialog : public QDialog
+class ResolutionDialog final : public CalibrationForm
 {
     Q_OBJECT
 
@@ -23,20 +16,13 @@ public:
     /// "300 pixels per inch", or "300 x 150 pixels per inch" of pixels that aren't square.
     static QString tagText(const ResolutionTag& aTag);
 
-    /// The name that was typed, or a free one.
-    QString name() const;
-    LmCalibData calibration() const;
+    LmCalibData calibration() const override;
 
 private:
-    void makeFields();
-    void inputChanged();
-    QString explanation(const LmCalibData& aData) const;
+    void fillUnits();
+    QString explanation(const LmCalibData& aData) const override;
 
     const ResolutionTag theTag;
-    QComboBox* theUnit;
-    QLineEdit* theName;
-    QLabel* theMeaning;
-    QPushButton* theOk;
 };
 
 #endif
