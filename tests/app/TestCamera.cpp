@@ -8,7 +8,6 @@
 #include "Media.h"
 #include "ModalAnswer.h"
 #include "Player.h"
-#include "Sentence.h"
 #include "TestFont.h"
 #include "TimelineDock.h"
 
@@ -16,52 +15,10 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QMenu>
-#include <QRandomGenerator>
 #include <QSettings>
 #include <QSpinBox>
 
-#include <csignal>
-#include <sys/resource.h>
-
-namespace {
-
-QStringList filesOf(const CameraWindow& aWindow)
-{
-    QStringList files;
-    const QDir folder(aWindow.seriesFolder());
-    const QStringList series = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-    for (const QString& name : series)
-        for (const QString& file : QDir(folder.filePath(name)).entryList(QDir::Files, QDir::Name))
-            files << folder.filePath(name) + QLatin1Char('/') + file;
-    return files;
-}
-
-/// Files can't grow beyond so many bytes while it lives, as on a full disk.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t aBytes)
-    {
-        getrlimit(RLIMIT_FSIZE, &theFormer);
-        theFormerSignal = std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{aBytes, theFormer.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &theFormer);
-        std::signal(SIGXFSZ, theFormerSignal);
-    }
-    Q_DISABLE_COPY_MOVE(FullDisk)
-
-private:
-    rlimit theFormer{};
-    void (*theFormerSignal)(int) = nullptr;
-};
-
-} // namespace
-
-/// The live picture of a camera: shown, frozen, taken as frames of a series, lost.
+/// The live picture of a camera: shown, frozen, taken as frames of a series.
 class TestCamera : public QObject
 {
     Q_OBJECT
@@ -81,15 +38,6 @@ private Q_SLOTS:
     void frameNumberCanBeTypedWhileTheCameraRuns();
     void playingEndsAtTheLivePicture();
     void colorUnderThePointerFollows();
-    void folderThatCannotBeMadeIsTold();
-    void fullDiskIsTold();
-    void cableThatIsPulledLeavesTheLastPicture();
-    void cameraThatLeavesTheListLeavesTheLastPicture();
-    void cameraThatNeverSentIsTold();
-    void sameCameraGoesOn();
-    void otherFileStopsTheCamera();
-    void fileThatCannotBeOpenedLeavesTheCamera();
-    void closedWindowStopsTheCamera();
     void cameraIsNoRecentFile();
 };
 
@@ -217,8 +165,8 @@ void TestCamera::frozenPictureStays()
     QCOMPARE(w.shown(), CameraWindow::picture(0));
     // What is taken then is what is seen.
     w.take();
-    QCOMPARE(filesOf(w).size(), 1);
-    QCOMPARE(QImage(filesOf(w).first()).convertToFormat(QImage::Format_RGB888), CameraWindow::picture(0));
+    QCOMPARE(w.takenFiles().size(), 1);
+    QCOMPARE(QImage(w.takenFiles().first()).convertToFormat(QImage::Format_RGB888), CameraWindow::picture(0));
     QCOMPARE(w.frame(), 1);
     QCOMPARE(w.shown(), CameraWindow::picture(0));
     w.freeze();
@@ -239,7 +187,7 @@ void TestCamera::takenPicturesAreTheFilesOfASeries()
         QCOMPARE(int(w.kernel().theCurrentFrame), i);
         QCOMPARE(w.field("frame"), QStringLiteral("Frame %1 of %1").arg(i + 1));
     }
-    const QStringList files = filesOf(w);
+    const QStringList files = w.takenFiles();
     QCOMPARE(files.size(), 3);
     for (int i = 1; i <= 3; ++i) {
         QVERIFY(files[i - 1].endsWith(QStringLiteral("/000%1.png").arg(i)));
@@ -339,145 +287,6 @@ void TestCamera::colorUnderThePointerFollows()
     QCOMPARE(w.field("pixelColor"), QStringLiteral("R 100  G 50  B 0"));
     w.send(CameraWindow::picture(1));
     QCOMPARE(w.field("pixelColor"), QStringLiteral("R 140  G 150  B 40"));
-}
-
-void TestCamera::folderThatCannotBeMadeIsTold()
-{
-    CameraWindow w;
-    // Nothing can be made below a file.
-    w.view().setPicturesFolder(w.picturePath());
-    w.goLive(CameraWindow::picture(0));
-    ModalAnswer answer(ModalAnswer::press(QMessageBox::Ok));
-    w.take();
-    QVERIFY(answer.isDone());
-    QCOMPARE(sentenceFault(ModalAnswer::lastText()), QString());
-    QCOMPARE(w.frameCount(), 1);
-    w.send(CameraWindow::picture(1));
-    QCOMPARE(w.shown(), CameraWindow::picture(1));
-}
-
-void TestCamera::fullDiskIsTold()
-{
-    CameraWindow w;
-    w.goLive(CameraWindow::picture(0));
-    w.take();
-    QImage noise(400, 300, QImage::Format_RGB888); // which can't be packed
-    QRandomGenerator random(1);
-    for (int y = 0; y < noise.height(); ++y)
-        for (int x = 0; x < noise.bytesPerLine(); ++x)
-            noise.scanLine(y)[x] = uchar(random.bounded(256));
-    w.send(noise);
-    {
-        // Room for what the test itself may write meanwhile.
-        const FullDisk full(rlim_t(noise.sizeInBytes() / 2));
-        ModalAnswer answer(ModalAnswer::press(QMessageBox::Ok));
-        w.take();
-        QVERIFY(answer.isDone());
-    }
-    QCOMPARE(sentenceFault(ModalAnswer::lastText()), QString());
-    QCOMPARE(w.frameCount(), 2);
-    QCOMPARE(filesOf(w).size(), 1);
-    w.send(CameraWindow::picture(2));
-    QCOMPARE(w.shown(), CameraWindow::picture(2));
-    w.take();
-    QCOMPARE(filesOf(w).size(), 2);
-}
-
-void TestCamera::cableThatIsPulledLeavesTheLastPicture()
-{
-    CameraWindow w;
-    w.goLive(CameraWindow::picture(0));
-    w.take();
-    w.send(CameraWindow::picture(1));
-    w.camera().fail();
-    QVERIFY(!w.view().device());
-    QVERIFY(w.told().contains(QStringLiteral("the cable was pulled")));
-    QCOMPARE(sentenceFault(w.told()), QString());
-    QCOMPARE(w.shown(), CameraWindow::picture(1));
-    QCOMPARE(w.frameCount(), 2);
-    QVERIFY(!w.actions().theFreeze->isEnabled());
-    // The last picture can still be kept.
-    w.take();
-    QCOMPARE(filesOf(w).size(), 2);
-    QTRY_VERIFY(!w.cameras().opened());
-}
-
-void TestCamera::cameraThatLeavesTheListLeavesTheLastPicture()
-{
-    CameraWindow w;
-    w.goLive(CameraWindow::picture(0));
-    w.cameras().connectCameras({QStringLiteral("Fake"), QStringLiteral("Other")});
-    QVERIFY(w.view().device());
-    w.cameras().connectCameras({QStringLiteral("Other")});
-    QVERIFY(!w.view().device());
-    QCOMPARE(w.shown(), CameraWindow::picture(0));
-    QVERIFY(w.told().contains(QStringLiteral("disconnected")));
-}
-
-void TestCamera::cameraThatNeverSentIsTold()
-{
-    CameraWindow w(CameraWindow::kPicture);
-    QVERIFY(w.choose());
-    w.camera().fail();
-    QCOMPARE(sentenceFault(w.told()), QString());
-    QVERIFY(w.told().contains(QStringLiteral("the cable was pulled")));
-    QCOMPARE(w.bench().media().path(), w.picturePath());
-}
-
-void TestCamera::sameCameraGoesOn()
-{
-    CameraWindow w;
-    w.goLive(CameraWindow::picture(0));
-    w.take();
-    w.draw(QPoint(50, 50), QPoint(150, 50));
-    w.camera().fail();
-    QVERIFY(w.choose()); // asks nothing, since nothing goes
-    w.send(CameraWindow::picture(1));
-    QCOMPARE(w.shown(), CameraWindow::picture(1));
-    QCOMPARE(w.distanceCount(), 1);
-    QCOMPARE(w.frameCount(), 2);
-    w.take();
-    QCOMPARE(filesOf(w).size(), 2);
-    QVERIFY(filesOf(w).last().endsWith(QStringLiteral("/0002.png")));
-}
-
-void TestCamera::otherFileStopsTheCamera()
-{
-    CameraWindow w;
-    w.goLive(CameraWindow::picture(0));
-    QVERIFY(w.camera().send(CameraWindow::picture(1)));
-    FakeCamera& camera = w.camera();
-    QVERIFY(w.window().openAtStart(w.picturePath()));
-    QVERIFY(!camera.isRunning());
-    QVERIFY(!w.view().device());
-    QTRY_VERIFY(!w.cameras().opened());
-    QCOMPARE(w.bench().media().path(), w.picturePath());
-    QCOMPARE(w.window().windowTitle(), QStringLiteral("picture.png[*] - MeasureTools"));
-    QVERIFY(!w.actions().theTakePicture->isEnabled());
-}
-
-void TestCamera::fileThatCannotBeOpenedLeavesTheCamera()
-{
-    CameraWindow w;
-    w.goLive(CameraWindow::picture(0));
-    ModalAnswer answer(ModalAnswer::press(QMessageBox::Ok));
-    QVERIFY(!w.window().openAtStart(w.path(QStringLiteral("nothing.png"))));
-    QVERIFY(answer.isDone());
-    w.send(CameraWindow::picture(1));
-    QCOMPARE(w.shown(), CameraWindow::picture(1));
-}
-
-void TestCamera::closedWindowStopsTheCamera()
-{
-    CameraWindow w;
-    w.goLive(CameraWindow::picture(0));
-    FakeCamera& camera = w.camera();
-    QVERIFY(w.window().close());
-    QVERIFY(!camera.isRunning());
-    // And one that goes without having been closed.
-    CameraWindow other;
-    other.goLive(CameraWindow::picture(0));
-    QVERIFY(other.camera().send(CameraWindow::picture(1)));
 }
 
 void TestCamera::cameraIsNoRecentFile()

@@ -2,6 +2,7 @@
 
 #include "ClipNumber.h"
 #include "ClipWriter.h"
+#include "DefinedColor.h"
 #include "LmImage.h"
 #include "TestFont.h"
 
@@ -14,21 +15,7 @@
 
 namespace {
 
-using Yuv = std::array<int, 3>;
-
-/// Red, green and blue of a luma and two chroma values by the definition of the matrix, whose weights of red
-/// and blue are given.
-std::array<double, 3> definedColor(const Yuv& aYuv, double aRed, double aBlue, bool aFullRange)
-{
-    const double luma = aFullRange ? aYuv[0] / 255.0 : (aYuv[0] - 16) / 219.0;
-    const double span = aFullRange ? 255.0 : 224.0;
-    const double blueness = (aYuv[1] - 128) / span;
-    const double redness = (aYuv[2] - 128) / span;
-    const double red = luma + 2 * (1 - aRed) * redness;
-    const double blue = luma + 2 * (1 - aBlue) * blueness;
-    const double green = (luma - aRed * red - aBlue * blue) / (1 - aRed - aBlue);
-    return {255 * red, 255 * green, 255 * blue};
-}
+using DefinedColor::Yuv;
 
 /// Lossless, so that only the conversion of colours can change anything.
 ClipOptions losslessClip()
@@ -141,7 +128,8 @@ void TestVideoColors::flatColoursFollowTheirMatrix()
         const auto image = firstFrame(options);
         QVERIFY(image);
         QCOMPARE(image->size(), options.size);
-        compareFlat(*image, definedColor(yuv, isHigh ? 0.2126 : 0.299, isHigh ? 0.0722 : 0.114, fullRange));
+        compareFlat(*image,
+                    DefinedColor::of(yuv, isHigh ? 0.2126 : 0.299, isHigh ? 0.0722 : 0.114, fullRange));
     }
 }
 
@@ -163,7 +151,7 @@ void TestVideoColors::withoutAMatrixTheHeightDecides()
     options.flat = yuv;
     const auto image = firstFrame(options);
     QVERIFY(image);
-    compareFlat(*image, definedColor(yuv, isHigh ? 0.2126 : 0.299, isHigh ? 0.0722 : 0.114, false));
+    compareFlat(*image, DefinedColor::of(yuv, isHigh ? 0.2126 : 0.299, isHigh ? 0.0722 : 0.114, false));
 }
 
 void TestVideoColors::grayVideoHasOneChannel()
@@ -190,7 +178,7 @@ void TestVideoColors::quickColoursAreNear()
     options.flat = yuv;
     const auto image = firstFrame(options, true);
     QVERIFY(image);
-    const std::array<double, 3> wanted = definedColor(yuv, 0.2126, 0.0722, false);
+    const std::array<double, 3> wanted = DefinedColor::of(yuv, 0.2126, 0.0722, false);
     for (int channel = 0; channel < 3; ++channel)
         QVERIFY(std::abs(image->row(20)[3 * 30 + channel] - wanted[size_t(channel)]) <= kAShade);
 }

@@ -1,6 +1,7 @@
 #include "CameraWindow.h"
 
 #include "CameraCommands.h"
+#include "Document.h"
 #include "FakeCameras.h"
 #include "LiveView.h"
 #include "LmCvManipulator.h"
@@ -9,6 +10,7 @@
 #include "Media.h"
 
 #include <QAction>
+#include <QDir>
 #include <QMenu>
 #include <QStatusBar>
 #include <QToolButton>
@@ -128,4 +130,24 @@ void CameraWindow::pick(int aType)
     QToolButton* button = kernel().getCvManipulator(aType)->theToolButton;
     if (!button->isChecked())
         QTest::mouseClick(button, Qt::LeftButton);
+}
+
+QStringList CameraWindow::takenFiles() const
+{
+    QStringList files;
+    const QDir folder(seriesFolder());
+    const QStringList series = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QString& name : series)
+        for (const QString& file : QDir(folder.filePath(name)).entryList(QDir::Files, QDir::Name))
+            files << folder.filePath(name) + QLatin1Char('/') + file;
+    return files;
+}
+
+bool CameraWindow::save(const QString& aName)
+{
+    QString error;
+    const bool isSaved = bench().document().save(path(aName), error);
+    if (!isSaved)
+        qWarning("%s", qUtf8Printable(error));
+    return isSaved;
 }

@@ -23,6 +23,10 @@ public:
     FakeCamera& camera();
     LiveView& view();
     QString seriesFolder() const { return path(QStringLiteral("series")); }
+    /// The files of all series, in order.
+    QStringList takenFiles() const;
+    /// Saves the project in the fixture's folder.
+    bool save(const QString& aName);
 
     QMenu& menu();
     /// The entries of the menu when it opens, a separator as "---".

@@ -4,10 +4,12 @@
 #include "PicturePixels.h"
 
 #include <QImage>
+#include <QTransform>
 #include <QVideoFrame>
 
 extern "C" {
 #include <libavutil/frame.h>
+#include <libavutil/imgutils.h>
 }
 
 namespace {
@@ -40,7 +42,7 @@ struct FreeFrame
     void operator()(AVFrame* aFrame) const { av_frame_free(&aFrame); }
 };
 
-/// The formats that have brightness and colour apart, or brightness alone.
+/// The formats that have brightness and colour apart.
 AVPixelFormat planesFormat(QVideoFrameFormat::PixelFormat aFormat)
 {
     switch (aFormat) {
@@ -59,10 +61,6 @@ AVPixelFormat planesFormat(QVideoFrameFormat::PixelFormat aFormat)
         return AV_PIX_FMT_NV21;
     case QVideoFrameFormat::Format_P010:
         return AV_PIX_FMT_P010LE;
-    case QVideoFrameFormat::Format_Y8:
-        return AV_PIX_FMT_GRAY8;
-    case QVideoFrameFormat::Format_Y16:
-        return AV_PIX_FMT_GRAY16LE;
     default:
         return AV_PIX_FMT_NONE;
     }
@@ -88,6 +86,21 @@ std::unique_ptr<LmImage> opaque(const QImage& aPicture)
         aPicture.hasAlphaChannel() ? aPicture.convertToFormat(QImage::Format_RGB888) : aPicture);
 }
 
+/// Rows from the bottom up, the way in which the camera is held, and then a mirror.
+std::unique_ptr<LmImage> upright(std::unique_ptr<LmImage> aImage, const QVideoFrame& aFrame)
+{
+    const QVideoFrameFormat format = aFrame.surfaceFormat();
+    const bool isUpsideDown = format.scanLineDirection() == QVideoFrameFormat::BottomToTop;
+    const bool isMirrored = aFrame.mirrored() != format.isMirrored();
+    const int degrees = int(aFrame.rotationAngle());
+    if (!aImage || (!isUpsideDown && !isMirrored && degrees == 0))
+        return aImage;
+    const QImage sent(aImage->row(0), aImage->width(), aImage->height(), aImage->bytesPerLine(),
+                      aImage->channels() == 1 ? QImage::Format_Grayscale8 : QImage::Format_RGB888);
+    const QImage turned = sent.mirrored(false, isUpsideDown).transformed(QTransform().rotate(degrees));
+    return PicturePixels::toLmImage(turned.mirrored(isMirrored, false));
+}
+
 } // namespace
 
 std::unique_ptr<LmImage> CameraPixels::convert(const QVideoFrame& aFrame)
@@ -95,15 +108,19 @@ std::unique_ptr<LmImage> CameraPixels::convert(const QVideoFrame& aFrame)
     MappedFrame mapped(aFrame);
     if (!mapped.isMapped() || aFrame.size().isEmpty())
         return nullptr;
-    QVideoFrame& frame = mapped.frame();
-    if (frame.pixelFormat() == QVideoFrameFormat::Format_Jpeg)
-        return opaque(QImage::fromData(frame.bits(0), frame.mappedBytes(0), "JPEG"));
-    if (const AVPixelFormat format = planesFormat(frame.pixelFormat()); format != AV_PIX_FMT_NONE)
-        return fromPlanes(frame, format);
-    const QImage::Format format = QVideoFrameFormat::imageFormatFromPixelFormat(frame.pixelFormat());
+    return upright(convertPixels(mapped.frame()), aFrame);
+}
+
+std::unique_ptr<LmImage> CameraPixels::convertPixels(QVideoFrame& aFrame)
+{
+    if (aFrame.pixelFormat() == QVideoFrameFormat::Format_Jpeg)
+        return opaque(QImage::fromData(aFrame.bits(0), aFrame.mappedBytes(0), "JPEG"));
+    if (const AVPixelFormat format = planesFormat(aFrame.pixelFormat()); format != AV_PIX_FMT_NONE)
+        return fromPlanes(aFrame, format);
+    const QImage::Format format = QVideoFrameFormat::imageFormatFromPixelFormat(aFrame.pixelFormat());
     if (format == QImage::Format_Invalid)
         return nullptr;
-    return opaque(QImage(frame.bits(0), frame.width(), frame.height(), frame.bytesPerLine(0), format));
+    return opaque(QImage(aFrame.bits(0), aFrame.width(), aFrame.height(), aFrame.bytesPerLine(0), format));
 }
 
 std::unique_ptr<LmImage> CameraPixels::fromPlanes(QVideoFrame& aFrame, int aFormat)
@@ -116,12 +133,18 @@ std::unique_ptr<LmImage> CameraPixels::fromPlanes(QVideoFrame& aFrame, int aForm
     planes->height = aFrame.height();
     planes->colorspace = colorSpaceOf(aFrame.surfaceFormat());
     const bool isFull = aFrame.surfaceFormat().colorRange() == QVideoFrameFormat::ColorRange_Full;
-    const bool isGray = aFormat == AV_PIX_FMT_GRAY8 || aFormat == AV_PIX_FMT_GRAY16LE;
-    planes->color_range = isFull || isGray ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
+    planes->color_range = isFull ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
     for (int plane = 0; plane < aFrame.planeCount(); ++plane) {
         planes->data[plane] = aFrame.bits(plane);
         planes->linesize[plane] = aFrame.bytesPerLine(plane);
+        // Frames are known whose rows are described as too short.
+        if (planes->linesize[plane] < av_image_get_linesize(AVPixelFormat(aFormat), aFrame.width(), plane))
+            return nullptr;
     }
+    // Its owner is the mapped frame; without one the pixels would be copied.
+    planes->buf[0] = av_buffer_create(
+        aFrame.bits(0), size_t(aFrame.mappedBytes(0)), [](void*, uint8_t*) {}, nullptr,
+        AV_BUFFER_FLAG_READONLY);
     if (aFrame.pixelFormat() == QVideoFrameFormat::Format_YV12)
         std::swap(planes->data[1], planes->data[2]);
     return thePlanes.convert(*planes, aFrame.size(), VideoPixels::kAccurate);
