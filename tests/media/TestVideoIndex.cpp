@@ -46,7 +46,7 @@ FrameTimes timesOf(const std::vector<qint64>& aShown, const std::vector<qint64>&
     }
     index.finish();
     index.setOrder(serials);
-    return VideoTimes::of(index, 1.0, 2.0);
+    return VideoTimes(index, 1.0, 2.0).times();
 }
 
 std::vector<double> all(const FrameTimes& aTimes)

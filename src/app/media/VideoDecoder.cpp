@@ -1,22 +1,20 @@
 #include "VideoDecoder.h"
 
 #include "VideoFile.h"
-
-#include <QThread>
+#include "VideoThreads.h"
 
 #include <algorithm>
 #include <utility>
 
 bool VideoDecoder::open(const AVCodecParameters& aParameters, int aReorderDepth)
 {
-    constexpr int kMostThreads = 8; // every one holds a frame back
     const AVCodec* codec = avcodec_find_decoder(aParameters.codec_id);
     theContext.reset(codec ? avcodec_alloc_context3(codec) : nullptr);
     if (!theContext || avcodec_parameters_to_context(theContext.get(), &aParameters) < 0)
         return false;
     theContext->has_b_frames = std::clamp(aReorderDepth, theContext->has_b_frames,
                                           std::max(theContext->has_b_frames, kDeepestReorder));
-    theContext->thread_count = std::clamp(QThread::idealThreadCount(), 1, kMostThreads);
+    theContext->thread_count = VideoThreads::count();
     theContext->thread_type = FF_THREAD_FRAME | FF_THREAD_SLICE;
     theContext->max_pixels = VideoFile::kMaxPixels;
     theContext->err_recognition |= AV_EF_CRCCHECK;

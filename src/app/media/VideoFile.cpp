@@ -135,6 +135,7 @@ bool VideoFile::index(const Progress& aProgress, qint64 aCacheLimit, QString& aE
         return false;
     }
     theEnd = indexer.end();
+    theHasGaps = order.hasGaps();
     thePixels->setOrientation(theInput->stream());
     theSize = thePixels->shownSize(order.frameSize());
     theReader =
@@ -145,7 +146,9 @@ bool VideoFile::index(const Progress& aProgress, qint64 aCacheLimit, QString& aE
 void VideoFile::readTimes()
 {
     const AVStream& stream = theInput->stream();
-    theTimes = VideoTimes::of(*theIndex, av_q2d(stream.time_base), usualFrameTime(stream));
+    VideoTimes times(*theIndex, av_q2d(stream.time_base), usualFrameTime(stream));
+    theTimes = times.times();
+    theRestart = times.restart();
 }
 
 int VideoFile::frameCount() const
@@ -177,6 +180,11 @@ QString VideoFile::remark() const
                          .arg(subject())
                          .arg(theEnd, 0, 'f', 1)
                          .arg(duration, 0, 'f', 1);
+    if (theHasGaps)
+        sentences << tr("Damaged frames of this video are left out and not counted.");
+    if (theRestart > 0)
+        sentences << tr("The times of this video start anew at frame %1 and are counted on there.")
+                         .arg(theRestart + 1);
     if (!theTimes.isConstant())
         sentences << tr("The frames of this video are not equally far apart in time (%1).").arg(rateText());
     const AVRational aspect = av_guess_sample_aspect_ratio(&theInput->format(), &theInput->stream(), nullptr);

@@ -70,9 +70,11 @@ private:
     std::unique_ptr<VideoPixels> thePixels;
     std::unique_ptr<VideoReader> theReader; // uses the others
     FrameTimes theTimes;
-    QSize theSize;       // of the shown frames
-    int theChannels = 3; // of the last image
-    double theEnd = 0.0; // of the last packet of any stream, in seconds
+    QSize theSize;           // of the shown frames
+    int theChannels = 3;     // of the last image
+    bool theHasGaps = false; // damaged frames aren't among the frames
+    int theRestart = 0;      // the first frame whose stamp starts anew; 0 if there is none
+    double theEnd = 0.0;     // of the last packet of any stream, in seconds
 };
 
 #endif

@@ -112,3 +112,11 @@ int VideoIndex::keyFor(int aFrame, int aLast) const
             return serial;
     return -1;
 }
+
+QByteArray VideoIndex::setupFor(int aSerial, const QByteArray& aFirst) const
+{
+    const auto later = theSetups.upper_bound(aSerial);
+    if (theSetups.empty())
+        return {};
+    return later == theSetups.begin() ? aFirst : std::prev(later)->second;
+}

@@ -1,9 +1,10 @@
 #ifndef VIDEOINDEX_H
 #define VIDEOINDEX_H
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <limits>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -28,6 +29,8 @@ class VideoIndex
 {
 public:
     void add(const VideoPacket& aPacket) { thePackets.push_back(aPacket); }
+    /// From the packet added last on decoding needs this setup instead of the one before.
+    void changeSetup(const QByteArray& aSetup) { theSetups[packetCount() - 1] = aSetup; }
     /// Makes packets findable; to be called when all are there.
     void finish();
 
@@ -53,14 +56,18 @@ public:
     /// isn't shown after it, as frames shown before their key frame need the group before. -1 if there is
     /// none, so that decoding has to begin with the file.
     int keyFor(int aFrame, int aLast) const;
+    /// What a decoder has to be set up with before the packet is sent; aFirst is what the file begins with.
+    /// Empty where it never changes.
+    QByteArray setupFor(int aSerial, const QByteArray& aFirst) const;
 
 private:
     bool isBefore(int aSerial, int aOther) const;
 
     std::vector<VideoPacket> thePackets;
-    std::vector<int> theByDigest; // serials
-    std::vector<int> theSerials;  // of the frames
-    std::vector<int> theFrames;   // of the packets
+    std::vector<int> theByDigest;        // serials
+    std::vector<int> theSerials;         // of the frames
+    std::vector<int> theFrames;          // of the packets
+    std::map<int, QByteArray> theSetups; // by the serials where they begin
 };
 
 #endif

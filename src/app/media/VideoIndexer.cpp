@@ -71,6 +71,9 @@ void VideoIndexer::add(const AVPacket& aPacket)
     if (packet.theShown == VideoPacket::kNone && isIntraOnly(theContext->codec_id))
         packet.theShown = packet.theDecoded;
     theIndex.add(packet);
+    size_t size = 0;
+    if (const uint8_t* setup = av_packet_get_side_data(&aPacket, AV_PKT_DATA_NEW_EXTRADATA, &size))
+        theIndex.changeSetup(QByteArray(reinterpret_cast<const char*>(setup), qsizetype(size)));
     thePlain = thePlain && !mayShowNothing(theContext->codec_id, aPacket) && isWholeFrame(aPacket);
 }
 

@@ -22,6 +22,9 @@ public:
     /// was stopped; the index is left without frames where none can be decoded.
     bool run(bool aTrustStamps, const MediaSource::Progress& aProgress);
     bool isLearned() const { return theLearned; }
+    /// Whether the order was learned of a video with damaged packets, of which nobody knows whether they were
+    /// frames.
+    bool hasGaps() const { return theLearned && theDamaged; }
     /// Of the first decoded frame.
     QSize frameSize() const { return theFrameSize; }
 

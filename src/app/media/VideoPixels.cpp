@@ -4,6 +4,7 @@
 #include "PicturePixels.h"
 #include "VideoHandles.h"
 #include "VideoScaler.h"
+#include "VideoThreads.h"
 
 #include <algorithm>
 #include <cstring>
@@ -21,7 +22,8 @@ int signOf(int32_t aValue)
 } // namespace
 
 VideoPixels::VideoPixels()
-    : theAccurate(std::make_unique<VideoScaler>(true)), theQuick(std::make_unique<VideoScaler>(false))
+    : theAccurate(std::make_unique<VideoScaler>(true, VideoThreads::count())),
+      theQuick(std::make_unique<VideoScaler>(false, VideoThreads::count()))
 {
 }
 

@@ -3,27 +3,29 @@
 
 #include "MediaSource.h"
 
-/// Tells the progress of a long walk through a video in whole percents, each once.
+#include <QElapsedTimer>
+
+/// Tells the progress of a long walk through a video at its start and again and again in short intervals, in
+/// steps so fine that it can be seen, and stopped, in the longest file on the slowest disk.
 class VideoProgress
 {
 public:
     explicit VideoProgress(const MediaSource::Progress& aProgress) : theProgress(aProgress) {}
 
-    /// False if the user stops it.
+    /// aPortion is from 0 to 1. False if the user stops it.
     bool report(double aPortion)
     {
-        const int percent = int(aPortion * kAll);
-        if (!theProgress || percent <= theLast)
+        constexpr qint64 kInterval = 50; // milliseconds
+        constexpr int kSteps = 1'000'000;
+        if (!theProgress || (theLast.isValid() && theLast.elapsed() < kInterval))
             return true;
-        theLast = percent;
-        return theProgress(percent, kAll);
+        theLast.start();
+        return theProgress(int(aPortion * kSteps), kSteps);
     }
 
 private:
-    static constexpr int kAll = 100;
-
     const MediaSource::Progress& theProgress;
-    int theLast = -1;
+    QElapsedTimer theLast; // since it was told
 };
 
 #endif

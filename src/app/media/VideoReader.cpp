@@ -74,8 +74,23 @@ bool VideoReader::begin(int aSerial)
     theDecoder.flush();
     if (!approach(aSerial))
         return false;
+    addSetup(aSerial);
     theFirstFrame = aSerial == 0 ? 0 : theIndex.frameOf(aSerial);
     return true;
+}
+
+/// A container tells a change of the setup once, with the packet where it happens: not to those who pass over
+/// it, and not the old one to those who go back.
+void VideoReader::addSetup(int aSerial)
+{
+    const AVCodecParameters& parameters = *theInput.stream().codecpar;
+    const QByteArray setup = theIndex.setupFor(
+        aSerial, QByteArray(reinterpret_cast<const char*>(parameters.extradata), parameters.extradata_size));
+    uint8_t* place = setup.isEmpty() ? nullptr
+                                     : av_packet_new_side_data(thePacket.get(), AV_PKT_DATA_NEW_EXTRADATA,
+                                                               size_t(setup.size()));
+    if (place)
+        std::copy(setup.begin(), setup.end(), place);
 }
 
 /// Makes the packet the next one.
@@ -215,7 +230,12 @@ void VideoReader::noteError(int aFirst, int aLast)
     for (int serial = aFirst; serial <= aLast; ++serial)
         if (theIndex.frameOf(serial) >= 0 && theIndex.frameOf(serial) < theFirstFrame)
             return; // only what is missing before the beginning
-    theErrors.emplace_back(aFirst, aLast);
+    // Most packets of a bad stretch follow each other.
+    if (!theErrors.empty() && aFirst <= theErrors.back().second + 1)
+        theErrors.back() = {std::min(theErrors.back().first, aFirst),
+                            std::max(theErrors.back().second, aLast)};
+    else
+        theErrors.emplace_back(aFirst, aLast);
 }
 
 /// Whether an error lies between the frame and the key packet that it follows from.

@@ -31,6 +31,7 @@ private:
     bool canGoOn(int aFrame) const;
     void decodeAnew(int aFrame);
     bool begin(int aSerial);
+    void addSetup(int aSerial);
     bool approach(int aSerial);
     bool search(int aEntry, int aSerial);
     bool recognise();

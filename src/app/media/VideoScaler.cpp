@@ -5,6 +5,7 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
+#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -104,21 +105,29 @@ bool VideoScaler::convert(const AVFrame& aFrame)
     const Kind kind = kindOf(aFrame);
     if ((!theContext || !(kind == theKind)) && !setUp(kind))
         return false;
-    uint8_t* const target[] = {theRows.data(), nullptr, nullptr, nullptr};
-    const int bytesPerRow[] = {theBytesPerRow, 0, 0, 0};
-    return sws_scale(theContext.get(), aFrame.data, aFrame.linesize, 0, aFrame.height, target, bytesPerRow) ==
-           aFrame.height;
+    return sws_scale_frame(theContext.get(), theTarget.get(), &aFrame) >= 0;
 }
 
 bool VideoScaler::setUp(const Kind& aKind)
 {
-    // Measured colours shall not depend on the shortcuts of the converter, nor the chroma of a pixel on where
-    // it stands in its pair.
-    constexpr int kExact = SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP | SWS_BICUBIC;
-    constexpr int kOne = 1 << 16; // contrast and saturation
     if (!sws_isSupportedInput(aKind.theFormat))
         return false;
     theChannels = isGray(aKind.theFormat) ? 1 : 3;
+    if (!setUpContext(aKind) || !setUpTarget(aKind)) {
+        theContext.reset();
+        return false;
+    }
+    theKind = aKind;
+    return true;
+}
+
+bool VideoScaler::setUpContext(const Kind& aKind)
+{
+    // Measured colours shall not depend on the shortcuts of the converter, nor the chroma of a pixel on where
+    // it stands in its pair.
+    constexpr int kExact = SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP | SWS_BICUBIC;
+    constexpr int kOne = 1 << 16;       // contrast and saturation
+    constexpr int kRowsPerThread = 128; // fewer aren't worth waking one up
     theContext.reset(sws_alloc_context());
     SwsContext* context = theContext.get();
     if (!context)
@@ -127,23 +136,39 @@ bool VideoScaler::setUp(const Kind& aKind)
     set("srcw", aKind.theWidth);
     set("srch", aKind.theHeight);
     set("src_format", aKind.theFormat);
+    set("src_range", aKind.theFullRange);
     set("dstw", aKind.theWidth);
     set("dsth", aKind.theHeight);
     set("dst_format", theChannels == 1 ? AV_PIX_FMT_GRAY8 : AV_PIX_FMT_RGB24);
+    set("dst_range", 1);
     set("sws_flags", theAccurate ? kExact : SWS_FAST_BILINEAR);
+    set("threads", std::clamp(aKind.theHeight / kRowsPerThread, 1, theMostThreads));
     if (theAccurate) {
         set("src_h_chr_pos", chromaAcross(aKind.theChroma));
         set("src_v_chr_pos", chromaDown(aKind.theChroma));
     }
-    const int* matrix = sws_getCoefficients(aKind.theMatrix);
-    sws_setColorspaceDetails(context, matrix, aKind.theFullRange, sws_getCoefficients(SWS_CS_DEFAULT), 1, 0,
-                             kOne, kOne);
-    if (sws_init_context(context, nullptr, nullptr) < 0) {
-        theContext.reset();
+    if (sws_init_context(context, nullptr, nullptr) < 0)
         return false;
-    }
-    theKind = aKind;
-    theBytesPerRow = (aKind.theWidth * theChannels + kVector) / kVector * kVector;
-    theRows.resize(size_t(theBytesPerRow) * size_t(aKind.theHeight) + kVector);
+    // Only now are there the parts of the threads, which the matrix has to reach.
+    sws_setColorspaceDetails(context, sws_getCoefficients(aKind.theMatrix), aKind.theFullRange,
+                             sws_getCoefficients(SWS_CS_DEFAULT), 1, 0, kOne, kOne);
+    return true;
+}
+
+/// Rows with room behind each, so that no thread writes into the first row of the next one.
+bool VideoScaler::setUpTarget(const Kind& aKind)
+{
+    const int bytesPerRow = (aKind.theWidth * theChannels + kVector) / kVector * kVector;
+    theTarget.reset(av_frame_alloc());
+    if (!theTarget)
+        return false;
+    theTarget->format = theChannels == 1 ? AV_PIX_FMT_GRAY8 : AV_PIX_FMT_RGB24;
+    theTarget->width = aKind.theWidth;
+    theTarget->height = aKind.theHeight;
+    theTarget->linesize[0] = bytesPerRow;
+    theTarget->buf[0] = av_buffer_alloc(size_t(bytesPerRow) * size_t(aKind.theHeight) + kVector);
+    if (!theTarget->buf[0])
+        return false;
+    theTarget->data[0] = theTarget->buf[0]->data;
     return true;
 }

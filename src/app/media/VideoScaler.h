@@ -1,27 +1,29 @@
 #ifndef VIDEOSCALER_H
 #define VIDEOSCALER_H
 
+#include "VideoHandles.h"
+
 extern "C" {
-#include <libavutil/frame.h>
 #include <libswscale/swscale.h>
 }
-
-#include <QtGlobal>
-
-#include <memory>
-#include <vector>
 
 /// Converts the colours of frames of one kind to bytes of red, green and blue, or of gray.
 class VideoScaler
 {
 public:
-    explicit VideoScaler(bool aIsAccurate) : theAccurate(aIsAccurate) {}
+    /// aMostThreads is how many may share the rows of a frame.
+    VideoScaler(bool aIsAccurate, int aMostThreads) : theAccurate(aIsAccurate), theMostThreads(aMostThreads)
+    {
+    }
 
     /// False if the frame has pixels of an unknown kind.
     bool convert(const AVFrame& aFrame);
     /// Of the last converted frame.
     int channels() const { return theChannels; }
-    const uint8_t* row(int aY) const { return theRows.data() + size_t(aY) * size_t(theBytesPerRow); }
+    const uint8_t* row(int aY) const
+    {
+        return theTarget->data[0] + ptrdiff_t(aY) * ptrdiff_t(theTarget->linesize[0]);
+    }
 
 private:
     /// What a conversion is set up for.
@@ -43,12 +45,14 @@ private:
 
     static Kind kindOf(const AVFrame& aFrame);
     bool setUp(const Kind& aKind);
+    bool setUpContext(const Kind& aKind);
+    bool setUpTarget(const Kind& aKind);
 
     bool theAccurate;
+    int theMostThreads;
     Kind theKind;
     std::unique_ptr<SwsContext, Release> theContext;
-    std::vector<uint8_t> theRows;
-    int theBytesPerRow = 0;
+    VideoHandles::Frame theTarget;
     int theChannels = 3;
 };
 

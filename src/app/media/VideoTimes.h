@@ -3,15 +3,35 @@
 
 #include "FrameTimes.h"
 
+#include <QtGlobal>
+
 class VideoIndex;
+struct VideoPacket;
 
-/// When the frames of a video are shown.
-namespace VideoTimes {
+/// When the frames of a video are shown: by their stamps as far as there are any.
+class VideoTimes
+{
+public:
+    /// aTick is the length of a tick of the stamps in seconds, aFrameTime the usual time between two frames,
+    /// 0 if unknown.
+    VideoTimes(const VideoIndex& aIndex, double aTick, double aFrameTime);
 
-/// From the stamps of the frames as far as there are any. aTick is the length of a tick of the stamps in
-/// seconds, aFrameTime the usual time between two frames, 0 if unknown.
-FrameTimes of(const VideoIndex& aIndex, double aTick, double aFrameTime);
+    FrameTimes times() const;
+    /// The first frame where the stamps start anew, as where two recordings were joined, and the times were
+    /// counted on; 0 if there is none.
+    int restart() const { return theRestart; }
 
-} // namespace VideoTimes
+private:
+    bool takeStamps(qint64 VideoPacket::*aStamp, int aMostMissing);
+    void countOn();
+    void fillGaps();
+    void fillBetween(int aFrom, int aTo);
+
+    const VideoIndex& theIndex;
+    const double theTick;
+    const double theFrameTime;
+    std::vector<double> theSeconds; // of the frames; not a number where nothing is known
+    int theRestart = 0;
+};
 
 #endif
