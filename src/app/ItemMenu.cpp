@@ -15,6 +15,8 @@
 #include <QMenu>
 #include <QUndoStack>
 
+#include <utility>
+
 namespace {
 
 enum Flags { kProperties = 1, kColor = 4, kHide = 8, kDelete = 16, kCustomActions = 32 };
@@ -148,14 +150,13 @@ void ItemMenu::addAnimation(QMenu& aMenu, LmCvObject* aItem, const QPoint& aCanv
     action->setCheckable(true);
     action->setChecked(animated);
     // On a single picture only what is animated already can be switched.
-    action->setEnabled(animated || LmKSKernelData::getInstance()->theFrameCount > 1);
+    const bool hasFrames = LmKSKernelData::getInstance()->theFrameCount > 1;
+    action->setEnabled(animated || hasFrames);
     addEntry(aMenu, tr("C&opy Path"), tr("Copies the way of the point that was clicked over the frames"),
              aItem, [this, aCanvasPoint](LmCvObject* aTarget) { copyPath(aTarget, aCanvasPoint); });
     action = addEntry(aMenu, tr("Pas&te Path"), tr("Lets the point that was clicked follow the copied path"),
-                      aItem, [aCanvasPoint](LmCvObject* aTarget) {
-                          aTarget->theManipulator->pasteAnimKeyframes(aTarget, aCanvasPoint);
-                      });
-    action->setEnabled(!LmCvManipulator::theClipboardKeyframes.isEmpty());
+                      aItem, [this, aCanvasPoint](LmCvObject* aTarget) { pastePath(aTarget, aCanvasPoint); });
+    action->setEnabled(hasFrames && !LmCvManipulator::theClipboardKeyframes.isEmpty());
 }
 
 void ItemMenu::addCustomActions(QMenu& aMenu, LmCvObject* aItem, const QPoint& aGlobalPos)
@@ -220,9 +221,27 @@ void ItemMenu::setGroupColor()
 
 void ItemMenu::copyPath(LmCvObject* aItem, const QPoint& aCanvasPoint)
 {
+    // A tool without a path here leaves the clipboard as it is, so only an empty one shows what it did.
+    QLinkedList<LmParamKeyframe>& clipboard = LmCvManipulator::theClipboardKeyframes;
+    const QLinkedList<LmParamKeyframe> former = std::exchange(clipboard, {});
     aItem->theManipulator->copyAnimKeyframes(aItem, aCanvasPoint);
-    const bool empty = LmCvManipulator::theClipboardKeyframes.isEmpty();
-    Q_EMIT told(empty ? tr("There is no path here to copy.") : tr("The path is copied."));
+    if (!clipboard.isEmpty()) {
+        Q_EMIT told(tr("The path is copied."));
+        return;
+    }
+    clipboard = former;
+    Q_EMIT told(tr("There is no path here to copy; click on the line or an end of an animated distance or "
+                   "angle."));
+}
+
+void ItemMenu::pastePath(LmCvObject* aItem, const QPoint& aCanvasPoint)
+{
+    const QUndoStack& stack = *theEditor.undoStack();
+    const int before = stack.index();
+    aItem->theManipulator->pasteAnimKeyframes(aItem, aCanvasPoint);
+    if (stack.index() == before)
+        Q_EMIT told(
+            tr("Nothing here can follow a path; click on the line or an end of a distance or angle."));
 }
 
 const LmKernelObjectData* ItemMenu::record(const LmCvObject* aItem)

@@ -45,7 +45,9 @@ private:
     void setValueName(LmCvObject* aItem, const QString& aName);
     void setColor(LmCvObject* aItem);
     void setGroupColor();
+    /// What is on the clipboard stays there if there is no path to copy.
     void copyPath(LmCvObject* aItem, const QPoint& aCanvasPoint);
+    void pastePath(LmCvObject* aItem, const QPoint& aCanvasPoint);
     static const LmKernelObjectData* record(const LmCvObject* aItem);
 
     LmCvEditor& theEditor;

@@ -1,7 +1,9 @@
+#include "AnimatedObjects.h"
 #include "CmdSetAnimation.h"
 #include "Drawn.h"
 #include "LmCvManipulator.h"
 #include "LmKernelObjectData.h"
+#include "Sentence.h"
 #include "TestFont.h"
 #include "WindowFixture.h"
 
@@ -16,10 +18,14 @@ class TestItemMenuPaths : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { LmCvManipulator::theClipboardKeyframes.clear(); }
     void singlePictureOffersNoAnimation();
     void animationIsSwitchedOnFrames();
     void pathIsCopiedFromOneObjectToAnother();
     void placeWithoutAPathIsTold();
+    void objectWithoutPathsLeavesTheCopiedOne_data();
+    void objectWithoutPathsLeavesTheCopiedOne();
+    void labelLeavesTheCopiedPath();
 };
 
 // The middle of the first distance; both are 200 pixels long.
@@ -35,13 +41,57 @@ static void drawSecond(WindowFixture& aFixture)
     QCOMPARE(aFixture.draw(QPoint(100, 200), QPoint(300, 200)), 2);
 }
 
+// Beside the label and away from the heads.
+static const QPoint kOnFirst = kMiddle - QPoint(75, 0);
+
+static QLinkedList<LmParamKeyframe> path()
+{
+    QLinkedList<LmParamKeyframe> path;
+    path << LmParamKeyframe(0, kMiddle) << LmParamKeyframe(2, kMiddle + QPoint(20, 60));
+    return path;
+}
+
+static void chooseAt(WindowFixture& aFixture, const QPoint& aPlace, const char* aEntry)
+{
+    QMenu* menu = aFixture.contextMenu(aPlace);
+    QVERIFY(menu);
+    QVERIFY(aFixture.choose(*menu, QLatin1String(aEntry)));
+}
+
+// Draws the first distance, lets it follow the path and copies that.
+static void copyFirst(WindowFixture& aFixture)
+{
+    drawFirst(aFixture);
+    auto keyframes = path();
+    aFixture.stack().push(new CmdSetAnimation(kDistanceType, 1, 3, keyframes));
+    chooseAt(aFixture, kOnFirst, "Copy Path");
+    QCOMPARE(LmCvManipulator::theClipboardKeyframes, path());
+}
+
+// Neither of both finds anything at the place, and both say what to do.
+static void verifyNoPathAt(WindowFixture& aFixture, const QPoint& aPlace)
+{
+    const auto message = [&aFixture] { return aFixture.window().statusBar()->currentMessage(); };
+    const int steps = aFixture.stack().count();
+    chooseAt(aFixture, aPlace, "Copy Path");
+    QCOMPARE(sentenceFault(message()), QString());
+    QVERIFY2(message().contains(QStringLiteral("no path")), qPrintable(message()));
+    QCOMPARE(LmCvManipulator::theClipboardKeyframes, path());
+    chooseAt(aFixture, aPlace, "Paste Path");
+    QCOMPARE(sentenceFault(message()), QString());
+    QVERIFY2(message().contains(QStringLiteral("can follow")), qPrintable(message()));
+    QCOMPARE(aFixture.stack().count(), steps);
+}
+
 void TestItemMenuPaths::singlePictureOffersNoAnimation()
 {
     WindowFixture fixture;
     drawFirst(fixture);
+    LmCvManipulator::theClipboardKeyframes = path();
     QMenu* menu = fixture.contextMenu(kMiddle);
     QVERIFY(menu);
-    QVERIFY(!WindowFixture::find(*menu, QStringLiteral("Animated"))->isEnabled());
+    for (const char* entry : {"Animated", "Paste Path"})
+        QVERIFY2(!WindowFixture::find(*menu, QLatin1String(entry))->isEnabled(), entry);
     menu->close();
 }
 
@@ -65,36 +115,55 @@ void TestItemMenuPaths::pathIsCopiedFromOneObjectToAnother()
 {
     WindowFixture fixture;
     fixture.openPages(3);
-    drawFirst(fixture);
+    copyFirst(fixture);
     drawSecond(fixture);
-    QLinkedList<LmParamKeyframe> path;
-    path << LmParamKeyframe(0, kMiddle) << LmParamKeyframe(2, kMiddle + QPoint(20, 60));
-    fixture.stack().push(new CmdSetAnimation(kDistanceType, 1, 3, path));
-
-    // Beside the label and away from the heads.
-    const QPoint onFirst = kMiddle - QPoint(75, 0);
-    QMenu* menu = fixture.contextMenu(onFirst);
-    QVERIFY(menu);
-    QVERIFY(fixture.choose(*menu, QStringLiteral("Copy Path")));
-    QCOMPARE(LmCvManipulator::theClipboardKeyframes.size(), 2);
-    menu = fixture.contextMenu(QPoint(125, 200));
-    QVERIFY(menu);
-    QVERIFY(fixture.choose(*menu, QStringLiteral("Paste Path")));
+    chooseAt(fixture, QPoint(125, 200), "Paste Path");
     QVERIFY(fixture.distance(2)->theAnimated);
-    QCOMPARE(fixture.distance(2)->getAnimationKeyframes(3), path);
-    LmCvManipulator::theClipboardKeyframes.clear();
+    QCOMPARE(fixture.distance(2)->getAnimationKeyframes(3), path());
+    QCOMPARE(fixture.window().statusBar()->currentMessage(), QStringLiteral("The path is copied."));
 }
 
 void TestItemMenuPaths::placeWithoutAPathIsTold()
 {
     WindowFixture fixture;
-    LmCvManipulator::theClipboardKeyframes.clear();
+    fixture.openPages(3);
     drawFirst(fixture);
-    QMenu* menu = fixture.contextMenu(kMiddle - QPoint(75, 0));
+    QMenu* menu = fixture.contextMenu(kOnFirst);
     QVERIFY(menu);
     QVERIFY(!WindowFixture::find(*menu, QStringLiteral("Paste Path"))->isEnabled());
     QVERIFY(fixture.choose(*menu, QStringLiteral("Copy Path")));
     QVERIFY(fixture.window().statusBar()->currentMessage().contains(QStringLiteral("no path")));
+}
+
+void TestItemMenuPaths::objectWithoutPathsLeavesTheCopiedOne_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("region") << AnimatedObjects::kRegionType;
+    QTest::newRow("dimension") << AnimatedObjects::kDimensionType;
+}
+
+void TestItemMenuPaths::objectWithoutPathsLeavesTheCopiedOne()
+{
+    QFETCH(int, type);
+    WindowFixture fixture;
+    fixture.openPages(3);
+    copyFirst(fixture);
+    const QPoint edge(100, 200);
+    if (type == AnimatedObjects::kRegionType)
+        AnimatedObjects::addSquare(fixture.bench(), 60, {{0, edge + QPoint(30, 0)}});
+    else
+        AnimatedObjects::addDimension(fixture.bench(),
+                                      {{0, QPolygon({edge - QPoint(0, 60), edge + QPoint(0, 20)})}});
+    verifyNoPathAt(fixture, edge);
+}
+
+void TestItemMenuPaths::labelLeavesTheCopiedPath()
+{
+    WindowFixture fixture;
+    fixture.openPages(3);
+    copyFirst(fixture);
+    // Near enough to the line for the menu of the distance, too far from it for its path.
+    verifyNoPathAt(fixture, kMiddle - QPoint(0, 3));
 }
 
 MEASURE_TEST_MAIN(TestItemMenuPaths)

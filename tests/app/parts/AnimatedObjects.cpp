@@ -12,7 +12,6 @@
 
 #include <QColor>
 #include <QImage>
-#include <QPolygon>
 
 #include <memory>
 
@@ -68,6 +67,38 @@ int AnimatedObjects::addDistance(Workbench& aBench, const QList<Line>& aLines)
         setKeyframe(*record, kDistanceType, QStringLiteral("ep"), line.theFrame, line.theEnd - middle);
     }
     return create(aBench, kDistanceType, std::move(record));
+}
+
+int AnimatedObjects::addAngle(Workbench& aBench, const QList<Corner>& aCorners)
+{
+    auto record = newRecord(kAngleType, QStringLiteral("Angle"),
+                            {{QStringLiteral("pos"), QPoint()},
+                             {QStringLiteral("ep1"), QPoint()},
+                             {QStringLiteral("ep2"), QPoint()}});
+    for (const Corner& corner : aCorners) {
+        const auto set = [&](const char* aName, const QPoint& aPoint) {
+            setKeyframe(*record, kAngleType, QLatin1String(aName), corner.theFrame, aPoint);
+        };
+        set("pos", corner.theVertex);
+        set("ep1", corner.theEnd1 - corner.theVertex);
+        set("ep2", corner.theEnd2 - corner.theVertex);
+    }
+    return create(aBench, kAngleType, std::move(record));
+}
+
+int AnimatedObjects::addDimension(Workbench& aBench, const QList<Segments>& aSegments)
+{
+    const auto variant = [](const QPolygon& aPoints) { return QVariant::fromValue<QPolygon>(aPoints); };
+    auto record = newRecord(
+        kDimensionType, QStringLiteral("Height"),
+        {{QStringLiteral("pos"), QPoint()}, {QStringLiteral("points"), variant(aSegments.value(0).second)}});
+    for (const Segments& segments : aSegments) {
+        const QPolygon& points = segments.second;
+        setKeyframe(*record, kDimensionType, QStringLiteral("pos"), segments.first,
+                    (points.value(0) + points.value(1)) / 2);
+        setKeyframe(*record, kDimensionType, QStringLiteral("points"), segments.first, variant(points));
+    }
+    return create(aBench, kDimensionType, std::move(record));
 }
 
 int AnimatedObjects::addSquare(Workbench& aBench, int aSide, const QList<Place>& aPlaces)
