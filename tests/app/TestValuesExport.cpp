@@ -28,6 +28,8 @@ class TestValuesExport : public QObject
 private Q_SLOTS:
     void fileIsExact();
     void calibratedValuesHaveTheirUnit();
+    void angleIsExact();
+    void dimensionIsExact();
     void picturesAreMeasuredOnEachPage();
     void knownValuesAreTakenAsTheyAre();
     void gapsHaveNoLine();
@@ -101,6 +103,53 @@ void TestValuesExport::calibratedValuesHaveTheirUnit()
              kHeading + "Distance 1,DX,1,,60,\"\xc2\xb5m, \"\"lens\"\"\",1\n"
                         "Distance 1,DX,2,,78,\"\xc2\xb5m, \"\"lens\"\"\",0\n"
                         "Distance 1,DX,3,,90,\"\xc2\xb5m, \"\"lens\"\"\",1\n");
+}
+
+void TestValuesExport::angleIsExact()
+{
+    TestBench bench;
+    open(bench);
+    LmKSKernelData::getInstance()->setCalibration(QStringLiteral("lens"),
+                                                  LmCalibData{360.0, QStringLiteral("mm")});
+    LmKSKernelData::getInstance()->setCurrentCalibration(QStringLiteral("lens"));
+    // Counter-clockwise from the second arm, which points up: the first one turns from the right over the
+    // lower right, halfway between both keyframes, to the bottom.
+    const QPoint start(40, 40);
+    const QPoint stop(60, 30);
+    QCOMPARE(AnimatedObjects::addAngle(bench, {{0, start, start + QPoint(20, 0), start - QPoint(0, 20)},
+                                               {2, stop, stop + QPoint(0, 20), stop - QPoint(0, 20)}}),
+             1);
+    QCOMPARE(written(bench, allKeys()), kHeading + "Angle 1,Angle,1,,270,\xc2\xb0,1\n"
+                                                   "Angle 1,Angle,2,,225,\xc2\xb0,0\n"
+                                                   "Angle 1,Angle,3,,180,\xc2\xb0,1\n");
+}
+
+void TestValuesExport::dimensionIsExact()
+{
+    TestBench bench;
+    open(bench);
+    LmKSKernelData::getInstance()->setCalibration(QStringLiteral("lens"),
+                                                  LmCalibData{360.0, QStringLiteral("mm")});
+    LmKSKernelData::getInstance()->setCurrentCalibration(QStringLiteral("lens"));
+    // A height along (3, 4), one width to the right and one to the bottom, at one, two and three times their
+    // size. The mean of the widths' ends lies along (4, 3).
+    const QPoint foot(60, 10);
+    const QPoint left(20, 20);
+    const auto segments = [&](int aFrame, int aTimes) {
+        const QPolygon points({foot, foot + aTimes * QPoint(9, 12), left, left + aTimes * QPoint(16, 0), left,
+                               left + aTimes * QPoint(0, 12)});
+        return AnimatedObjects::Segments(aFrame, points);
+    };
+    QCOMPARE(AnimatedObjects::addDimension(bench, {segments(0, 1), segments(2, 3)}), 1);
+    // The picture of 120 pixels is 360 mm wide.
+    QByteArray expected = kHeading;
+    const QList<QPair<const char*, int>> pixels{
+        {"Height", 15}, {"Width1", 16}, {"Width2", 12}, {"Width3", 0}, {"Avg. Width", 10}};
+    for (const auto& [name, length] : pixels)
+        for (const int page : {1, 2, 3})
+            expected += QByteArray("Dimension 1,") + name + ',' + QByteArray::number(page) + ",," +
+                        QByteArray::number(3 * length * page) + ",mm," + (page == 2 ? '0' : '1') + '\n';
+    QCOMPARE(written(bench, allKeys()), expected);
 }
 
 void TestValuesExport::picturesAreMeasuredOnEachPage()
