@@ -107,5 +107,7 @@ QString CommandLine::helpText()
         "measuretools --version              print the version\n"
         "\n"
         "FILE is a project (.mtp) or a picture. Only the first form needs a display. The exit status is 0,\n"
-        "or 2 with one line on standard error that tells what is wrong.\n");
+        "or 2 with one line on standard error that tells what is wrong. With 0 there may be such lines\n"
+        "too, for what isn't as it should be but stops nothing: a picture that is missing, a video that\n"
+        "is cut off.\n");
 }

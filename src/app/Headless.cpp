@@ -4,6 +4,7 @@
 #include "CommandLine.h"
 #include "Document.h"
 #include "LmCvManipulator.h"
+#include "Media.h"
 #include "PictureRenderer.h"
 #include "ValueReport.h"
 #include "ValuesCsv.h"
@@ -16,6 +17,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -74,7 +76,7 @@ bool exportTable(const Workbench& aBench, const QString& aPath, QString& aError)
     return false;
 }
 
-bool runOn(const CommandLine& aLine, QTextStream& aOut, QString& aError)
+bool runOn(const CommandLine& aLine, QTextStream& aOut, QStringList& aRemarks, QString& aError)
 {
     if (!aLine.theOutput.isEmpty() && QFileInfo(aLine.theInput) == QFileInfo(aLine.theOutput)) {
         aError = QCoreApplication::translate("Headless",
@@ -83,30 +85,35 @@ bool runOn(const CommandLine& aLine, QTextStream& aOut, QString& aError)
         return false;
     }
     Workbench bench;
+    QObject::connect(&bench.media(), &Media::flawFound,
+                     [&aRemarks](const QString& aSentence) { aRemarks << aSentence; });
     if (!bench.loadTools(nullptr, aError) || !bench.document().open(aLine.theInput, aError))
         return false;
+    // Values follow from the objects alone, but a picture to draw them on has to be there; aError tells why
+    // it isn't.
+    if (aLine.theAction == CommandLine::kRender && bench.document().isPictureMissing())
+        return false;
+    if (const QString remark = std::exchange(aError, QString()); !remark.isEmpty())
+        aRemarks << remark;
     if (aLine.theAction == CommandLine::kValues)
         return printValues(bench, aOut, aError);
     if (aLine.theAction == CommandLine::kValuesOverTime)
         return printValuesOverTime(bench, aOut, aError);
     if (aLine.theAction == CommandLine::kExport)
         return exportTable(bench, aLine.theOutput, aError);
-    // Values follow from the objects alone, but a picture to draw them on has to be there; aError tells why
-    // it isn't.
-    return !bench.document().isPictureMissing() &&
-           PictureRenderer::renderTo(bench.editor(), aLine.theOutput, aError, aLine.theScaleBar);
+    return PictureRenderer::renderTo(bench.editor(), aLine.theOutput, aError, aLine.theScaleBar);
 }
 
 } // namespace
 
-bool Headless::run(const CommandLine& aLine, QTextStream& aOut, QString& aError)
+bool Headless::run(const CommandLine& aLine, QTextStream& aOut, QStringList& aRemarks, QString& aError)
 {
     switch (aLine.theAction) {
     case CommandLine::kValues:
     case CommandLine::kValuesOverTime:
     case CommandLine::kExport:
     case CommandLine::kRender:
-        return runOn(aLine, aOut, aError);
+        return runOn(aLine, aOut, aRemarks, aError);
     case CommandLine::kHelp:
         aOut << CommandLine::helpText();
         return flushed(aOut, aError);

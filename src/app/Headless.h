@@ -1,7 +1,7 @@
 #ifndef HEADLESS_H
 #define HEADLESS_H
 
-#include <QString>
+#include <QStringList>
 
 class QTextStream;
 struct CommandLine;
@@ -9,8 +9,9 @@ struct CommandLine;
 /// The program without a window.
 namespace Headless {
 
-/// Does what the command line asks for and writes results to aOut; false with one sentence in aError.
-bool run(const CommandLine& aLine, QTextStream& aOut, QString& aError);
+/// Does what the command line asks for and writes results to aOut; false with one sentence in aError. What
+/// the user should know of the file beside the results comes as sentences into aRemarks.
+bool run(const CommandLine& aLine, QTextStream& aOut, QStringList& aRemarks, QString& aError);
 
 } // namespace Headless
 

@@ -7,6 +7,7 @@
 #include <QTextStream>
 
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -18,10 +19,15 @@ bool hasDisplay()
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-int failed(const QString& aSentence)
+void tell(const QString& aSentence)
 {
     const QByteArray line = aSentence.simplified().toLocal8Bit();
     std::fprintf(stderr, "measuretools: %s\n", line.constData());
+}
+
+int failed(const QString& aSentence)
+{
+    tell(aSentence);
     return kFailed;
 }
 
@@ -44,7 +50,12 @@ int runWithoutWindow(const CommandLine& aLine)
 {
     QString error;
     QTextStream out(stdout);
-    return Headless::run(aLine, out, error) ? 0 : failed(error);
+    QStringList remarks;
+    if (!Headless::run(aLine, out, remarks, error))
+        return failed(error);
+    for (const QString& remark : std::as_const(remarks))
+        tell(remark);
+    return 0;
 }
 
 } // namespace

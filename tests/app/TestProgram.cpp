@@ -1,6 +1,7 @@
 #include "Document.h"
 #include "MadeFiles.h"
 #include "PictureRenderer.h"
+#include "Sentence.h"
 #include "TestBench.h"
 #include "TestFont.h"
 #include "TestSamples.h"
@@ -26,6 +27,9 @@ private Q_SLOTS:
     void renderedPictureIsWritten();
     void renderedPlainPictureIsThePicture();
     void renderNeedsThePicture();
+    void otherLengthIsTold_data();
+    void otherLengthIsTold();
+    void leftOutPicturesAreTold();
     void fileNamesMayHoldAnyCharacters();
     void badUseGivesOneLine_data();
     void badUseGivesOneLine();
@@ -64,6 +68,15 @@ QString refusalFault(int aStatus, const QByteArray& aOutput, const QByteArray& a
     if (aError.count('\n') != 1 || !aError.endsWith(".\n") || !aError.startsWith("measuretools: "))
         return QStringLiteral("error: ") + QString::fromUtf8(aError);
     return QString();
+}
+
+/// What is wrong with the standard error of a success with something to tell: it is one line.
+QString remarkFault(const QByteArray& aError)
+{
+    const QByteArray name("measuretools: ");
+    if (!aError.startsWith(name) || !aError.endsWith('\n'))
+        return QStringLiteral("error: ") + QString::fromUtf8(aError);
+    return sentenceFault(QString::fromUtf8(aError.mid(name.size()).chopped(1)));
 }
 
 } // namespace
@@ -144,7 +157,8 @@ void TestProgram::valuesOfAProjectArePrinted()
 void TestProgram::valuesNeedNoPicture()
 {
     const Result result = run({QStringLiteral("--values"), path(QStringLiteral("alone/lost.mtp"))});
-    QCOMPARE(result.theError, QByteArray());
+    QCOMPARE(remarkFault(result.theError), QString());
+    QVERIFY2(result.theError.contains("lost.png"), result.theError.constData());
     QCOMPARE(result.theStatus, 0);
     QCOMPARE(QString::fromUtf8(result.theOutput), QString::fromUtf8(theValues));
 }
@@ -182,6 +196,53 @@ void TestProgram::renderNeedsThePicture()
     QCOMPARE(refusalFault(result.theStatus, result.theOutput, result.theError), QString());
     QVERIFY2(result.theError.contains("lost.png"), result.theError.constData());
     QVERIFY(!QFile::exists(out));
+}
+
+void TestProgram::otherLengthIsTold_data()
+{
+    QTest::addColumn<QString>("option");
+    for (const char* option : {"--values", "--values-over-time", "--export", "--render"})
+        QTest::newRow(option) << QString::fromLatin1(option);
+}
+
+void TestProgram::otherLengthIsTold()
+{
+    QFETCH(QString, option);
+    const QString pages = path(QStringLiteral("pages.tif"));
+    const QString project = path(QStringLiteral("pages.mtp"));
+    const QImage page = madePicture(40, 30);
+    MadeFiles::write(pages, MadeFiles::tiff({page, page, page}));
+    {
+        TestBench bench;
+        QString error;
+        QVERIFY2(bench.document().open(pages, error), qPrintable(error));
+        QVERIFY2(bench.document().save(project, error), qPrintable(error));
+    }
+    QStringList arguments{option, project};
+    if (option == QLatin1String("--export") || option == QLatin1String("--render"))
+        arguments << path(QStringLiteral("written.png"));
+    const Result whole = run(arguments);
+    QCOMPARE(whole.theError, QByteArray());
+    MadeFiles::write(pages, MadeFiles::tiff({page, page}));
+    const Result shorter = run(arguments);
+    QCOMPARE(remarkFault(shorter.theError), QString());
+    QVERIFY2(shorter.theError.contains("has 2 frames instead of 3"), shorter.theError.constData());
+    QCOMPARE(shorter.theStatus, 0);
+    QCOMPARE(shorter.theOutput, whole.theOutput);
+}
+
+void TestProgram::leftOutPicturesAreTold()
+{
+    QVERIFY(QDir(theFolder.path()).mkdir(QStringLiteral("series")));
+    QVERIFY(madePicture(40, 30).save(path(QStringLiteral("series/1.png"))));
+    QVERIFY(madePicture(41, 30).save(path(QStringLiteral("series/2.png"))));
+    const QString out = path(QStringLiteral("first.png"));
+    const Result result = run({QStringLiteral("--render"), path(QStringLiteral("series")), out});
+    QCOMPARE(result.theError.count('\n'), 1);
+    QVERIFY2(result.theError.startsWith("measuretools: 1 picture(s) of this folder were left out"),
+             result.theError.constData());
+    QCOMPARE(result.theStatus, 0);
+    QCOMPARE(QImage(out).size(), QSize(40, 30));
 }
 
 void TestProgram::fileNamesMayHoldAnyCharacters()

@@ -41,7 +41,7 @@ private Q_SLOTS:
     void badPlacesAreTold_data();
     void badPlacesAreTold();
     void programPrintsTheSame();
-    void missingPictureLeavesTheOtherValues();
+    void missingPictureIsToldAndLeavesTheOtherValues();
 
 private:
     static void open(TestBench& aBench)
@@ -281,11 +281,12 @@ void TestValuesExport::badPlacesAreTold()
     QCOMPARE(sentenceFault(error), QString());
 }
 
-static QByteArray printed(const QString& aProject, int& aStatus)
+static QByteArray printed(const QString& aProject, int& aStatus, QByteArray& aErrors)
 {
     QProcess process;
     process.start(QStringLiteral(MEASURETOOLS_PROGRAM), {QStringLiteral("--values-over-time"), aProject});
     aStatus = process.waitForFinished(60'000) ? process.exitCode() : -1;
+    aErrors = process.readAllStandardError();
     return process.readAllStandardOutput();
 }
 
@@ -299,13 +300,15 @@ void TestValuesExport::programPrintsTheSame()
     QString error;
     QVERIFY2(bench.document().save(project, error), qPrintable(error));
     int status = -1;
-    QCOMPARE(printed(project, status), written(bench, allKeys()));
+    QByteArray errors;
+    QCOMPARE(printed(project, status, errors), written(bench, allKeys()));
     QCOMPARE(status, 0);
-    QCOMPARE(printed(bench.path(QStringLiteral("none.mtp")), status), QByteArray());
+    QCOMPARE(errors, QByteArray());
+    QCOMPARE(printed(bench.path(QStringLiteral("none.mtp")), status, errors), QByteArray());
     QCOMPARE(status, 2);
 }
 
-void TestValuesExport::missingPictureLeavesTheOtherValues()
+void TestValuesExport::missingPictureIsToldAndLeavesTheOtherValues()
 {
     TestBench bench;
     open(bench);
@@ -315,8 +318,10 @@ void TestValuesExport::missingPictureLeavesTheOtherValues()
     QVERIFY2(bench.document().save(project, error), qPrintable(error));
     QVERIFY(QFile::remove(bench.path(QStringLiteral("grays.tif"))));
     int status = -1;
-    const QByteArray text = printed(project, status);
+    QByteArray errors;
+    const QByteArray text = printed(project, status, errors);
     QCOMPARE(status, 0);
+    QVERIFY2(errors.count('\n') == 1 && errors.contains("grays.tif is not there"), errors.constData());
     QCOMPARE(text.count('\n'), 1 + 4 * 3 + 2 * 2);
     QVERIFY(!text.contains("lightness"));
 }
