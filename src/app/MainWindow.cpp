@@ -147,10 +147,15 @@ void MainWindow::connectCalibration()
             &CalibrationCommands::calibrateByLength);
     connect(theActions.thePixelSize, &QAction::triggered, theCalibration,
             &CalibrationCommands::calibrateByPixelSize);
-    connect(theActions.theResolution, &QAction::triggered, theCalibration,
-            &CalibrationCommands::calibrateByResolution);
+    connect(theActions.theResolution, &QAction::triggered, this,
+            [this] { theCalibration->calibrateByResolution(shownFile()); });
     connect(theActions.theCalibrations, &QAction::triggered, theCalibration, &CalibrationCommands::manage);
     connect(theCalibration, &CalibrationCommands::changed, theStatus, &StatusInfo::updateCalibration);
+    connect(&theBench.media(), &Media::frameShown, this, [this] {
+        // While playing only a series has another file on each frame.
+        if (shownFile() != theResolutionFile)
+            updateResolution();
+    });
     const CalibrationTool& tool = theCalibration->tool();
     connect(&tool, &CalibrationTool::signalHintChanged, this,
             [this, &tool] { theActions.theKnownLength->setChecked(tool.isRunning()); });
@@ -160,9 +165,21 @@ void MainWindow::pictureOpened()
 {
     theCalibration->tool().finish();
     theActions.setPictureOpen(true);
-    theActions.theResolution->setEnabled(ResolutionTag::read(theBench.media().path()).isNoted());
+    updateResolution();
     theTools->setToolsEnabled(true);
     theZoom->fit();
+}
+
+QString MainWindow::shownFile()
+{
+    const Media& media = theBench.media();
+    return media.source() ? media.source()->framePath(media.frame()) : media.path();
+}
+
+void MainWindow::updateResolution()
+{
+    theResolutionFile = shownFile();
+    theActions.theResolution->setEnabled(ResolutionTag::read(theResolutionFile).isNoted());
 }
 
 void MainWindow::updateTitle()

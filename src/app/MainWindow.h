@@ -52,6 +52,8 @@ private:
     void restoreLayout();
     void saveLayout() const;
     void pictureOpened();
+    QString shownFile();
+    void updateResolution();
     void updateTitle();
     void updateSelection();
     void tellStartError();
@@ -67,6 +69,7 @@ private:
     StatusInfo* theStatus;
     CameraCommands* theCamera;
     TimelineDock* theTimeline = nullptr; // made with the docks
+    QString theResolutionFile;           // whose note decides whether it is offered
     QString theStartError;               // why there are no tools, until it is told
 };
 

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,14 +20,19 @@
 
 namespace {
 
-/// Opens a picture of 400 x 300 pixels whose file notes so many pixels to the metre.
-void openNoted(WindowFixture& aWindow, int aAcross, int aDown)
+/// Writes a picture of 400 x 300 pixels whose file notes so many pixels to the metre.
+bool saveNoted(const QString& aPath, int aAcross, int aDown)
 {
     QImage picture = madePicture(400, 300);
     picture.setDotsPerMeterX(aAcross);
     picture.setDotsPerMeterY(aDown);
+    return picture.save(aPath);
+}
+
+void openNoted(WindowFixture& aWindow, int aAcross, int aDown)
+{
     const QString path = aWindow.path(QStringLiteral("noted.png"));
-    if (!picture.save(path) || !aWindow.window().openAtStart(path))
+    if (!saveNoted(path, aAcross, aDown) || !aWindow.window().openAtStart(path))
         qFatal("the noted picture couldn't be opened");
 }
 
@@ -65,6 +71,7 @@ private Q_SLOTS:
     void entryFollowsThePicture();
     void notedResolutionCalibratesInOneStep_data();
     void notedResolutionCalibratesInOneStep();
+    void seriesIsCalibratedByThePictureShown();
     void pixelsThatAreNotSquareAreTold();
     void fileThatHasGoneIsTold();
     void cancelChangesNothing();
@@ -114,6 +121,30 @@ void TestCalibrationResolution::notedResolutionCalibratesInOneStep()
     QVERIFY(Calibration::names().isEmpty());
     w.stack().redo();
     QCOMPARE(step(w, found), pixelsPerUnit);
+}
+
+void TestCalibrationResolution::seriesIsCalibratedByThePictureShown()
+{
+    WindowFixture w(WindowFixture::kEmpty);
+    const QAction* entry = w.actions().theResolution;
+    QVERIFY(QDir(w.path(QString())).mkdir(QStringLiteral("series")));
+    QVERIFY(saveNoted(w.path(QStringLiteral("series/1.png")), 10000, 10000));
+    QVERIFY(madePicture(400, 300).save(w.path(QStringLiteral("series/2.bmp"))));
+    QVERIFY(saveNoted(w.path(QStringLiteral("series/3.png")), 20000, 20000));
+    QVERIFY(w.window().openAtStart(w.path(QStringLiteral("series"))));
+    QVERIFY(entry->isEnabled());
+    w.key(Qt::Key_PageDown);
+    QVERIFY(!entry->isEnabled());
+    w.key(Qt::Key_PageDown);
+    QVERIFY(entry->isEnabled());
+    ModalAnswer answer(choose(QStringLiteral("mm")));
+    w.actions().theResolution->trigger();
+    QVERIFY(answer.isDone());
+    QString unit;
+    QCOMPARE(step(w, unit), 20.0);
+    QCOMPARE(unit, QStringLiteral("mm"));
+    w.key(Qt::Key_PageUp);
+    QVERIFY(!entry->isEnabled());
 }
 
 void TestCalibrationResolution::pixelsThatAreNotSquareAreTold()

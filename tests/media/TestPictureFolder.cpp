@@ -20,6 +20,7 @@ private Q_SLOTS:
 
     void numbersInNamesCountAsNumbers();
     void folderIsOpenedLikeAFile();
+    void eachFrameHasItsOwnFile();
     void otherSizesAndOtherFilesStayOut();
     void turnedPictureHasTheSizeThatIsShown();
     void pictureThatIsGoneIsGrayAndTold();
@@ -85,6 +86,23 @@ void TestPictureFolder::folderIsOpenedLikeAFile()
     QCOMPARE(source->path(), QDir(theFolder->path()).absolutePath());
     QVERIFY(source->times().isEmpty());
     QVERIFY(source->remark().isEmpty());
+}
+
+void TestPictureFolder::eachFrameHasItsOwnFile()
+{
+    save(QStringLiteral("a10.png"), 10);
+    save(QStringLiteral("a9.png"), 9);
+    const QDir folder(QDir(theFolder->path()).absolutePath());
+    const std::unique_ptr<MediaSource> source = open();
+    QVERIFY(source);
+    QCOMPARE(source->framePath(0), folder.filePath(QStringLiteral("a9.png")));
+    QCOMPARE(source->framePath(1), folder.filePath(QStringLiteral("a10.png")));
+    QCOMPARE(source->framePath(2), QString());
+    const std::unique_ptr<MediaSource> file = MediaFile::open(source->framePath(1), theError);
+    QVERIFY2(file, qPrintable(theError));
+    QCOMPARE(file->framePath(0), file->path());
+    for (const int frame : {-1, 1})
+        QCOMPARE(file->framePath(frame), QString());
 }
 
 void TestPictureFolder::otherSizesAndOtherFilesStayOut()

@@ -112,9 +112,9 @@ void CalibrationCommands::calibrateByPixelSize()
         set(dialog.name(), dialog.calibration());
 }
 
-void CalibrationCommands::calibrateByResolution()
+void CalibrationCommands::calibrateByResolution(const QString& aFile)
 {
-    const ResolutionTag tag = ResolutionTag::read(LmKSKernelData::getInstance()->theMediaFile);
+    const ResolutionTag tag = ResolutionTag::read(aFile);
     if (!tag.isNoted()) {
         tellError(&theWindow,
                   tr("The picture's file notes no resolution any more; calibrate by a known length."));

@@ -37,8 +37,8 @@ public:
 public Q_SLOTS:
     void calibrateByLength();
     void calibrateByPixelSize();
-    /// By the resolution noted in the file of the current picture.
-    void calibrateByResolution();
+    /// By the resolution noted in the file, which is that of the picture on the screen.
+    void calibrateByResolution(const QString& aFile);
     void manage();
 
 Q_SIGNALS:

@@ -23,6 +23,8 @@ public:
     Q_DISABLE_COPY_MOVE(MediaSource)
 
     virtual const QString& path() const = 0;
+    /// The file that holds the frame; only a series has one for each. Empty for a frame that isn't there.
+    virtual QString framePath(int aFrame) const;
     virtual int frameCount() const = 0;
     /// One time a frame, or empty where frames have none.
     virtual const FrameTimes& times() const;

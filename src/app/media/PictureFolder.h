@@ -21,6 +21,7 @@ public:
     ~PictureFolder() override;
 
     const QString& path() const override { return thePath; }
+    QString framePath(int aFrame) const override { return theFiles.value(aFrame); }
     int frameCount() const override { return int(theFiles.size()); }
     QString remark() const override;
     /// A picture that can't be read any more is an empty gray image, and aError tells so.
