@@ -3,6 +3,7 @@
 #include "Document.h"
 #include "LmCvEditor.h"
 #include "Media.h"
+#include "MediaFile.h"
 #include "Messages.h"
 #include "PictureFile.h"
 #include "PictureRenderer.h"
@@ -47,6 +48,16 @@ QString openFilters()
                               FileCommands::tr("Projects (%1)").arg(patterns({kProjectSuffix})),
                               pictureFilters(), FileCommands::tr("All files (*)")};
     return filters.join(QLatin1String(";;"));
+}
+
+/// Whether what is missing is a folder of pictures. A project doesn't tell, so it is what still stands there,
+/// or what has several frames and no ending of a file.
+bool isFolder(const Media& aMissing)
+{
+    const QFileInfo place(aMissing.path());
+    if (place.exists())
+        return place.isDir();
+    return aMissing.frameCount() > 1 && !MediaFile::suffixes().contains(place.suffix(), Qt::CaseInsensitive);
 }
 
 } // namespace
@@ -180,21 +191,20 @@ void FileCommands::offerToLocate(const QString& aReason)
 
 void FileCommands::locatePicture()
 {
-    const QFileInfo wanted(theBench.media().path());
-    const QString title = tr("Locate %1").arg(wanted.fileName());
-    // What has no ending was a folder of pictures.
+    const QString title = tr("Locate %1").arg(QFileInfo(theBench.media().path()).fileName());
     const QString path =
-        wanted.suffix().isEmpty()
+        isFolder(theBench.media())
             ? QFileDialog::getExistingDirectory(&theWindow, title, lastFolder())
             : QFileDialog::getOpenFileName(&theWindow, title, lastFolder(),
                                            pictureFilters() + QLatin1String(";;") + tr("All files (*)"));
     if (path.isEmpty())
         return;
     QString error;
-    if (!theBench.document().locatePicture(path, error))
-        tellError(&theWindow, error);
-    else
+    if (theBench.document().locatePicture(path, error))
         keepFolder(path);
+    // A picture that was located may have something to tell too.
+    if (!error.isEmpty())
+        tellError(&theWindow, error);
 }
 
 QString FileCommands::draggedFile(const QMimeData* aData)

@@ -10,6 +10,7 @@
 #include "WindowFixture.h"
 
 #include <QDragEnterEvent>
+#include <QFileDialog>
 #include <QMimeData>
 
 /// Opening, saving and leaving as a person does it, and the question before unsaved work is lost.
@@ -36,6 +37,8 @@ private Q_SLOTS:
     void exportWritesThePictureWithItsObjects();
     void missingPictureCanBeLocatedAtOnce();
     void missingPictureCanBeLocatedLater();
+    void locatingAsksForWhatIsMissing_data();
+    void locatingAsksForWhatIsMissing();
 
 private:
     static void saveAs(WindowFixture& aFixture, const QString& aPath);
@@ -287,6 +290,51 @@ void TestFileCommands::missingPictureCanBeLocatedLater()
     const ModalAnswer answer(ModalAnswer::chooseFile(fixture.picturePath()));
     fixture.actions().theLocate->trigger();
     QVERIFY(!fixture.bench().document().isPictureMissing());
+}
+
+void TestFileCommands::locatingAsksForWhatIsMissing_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("frames");
+    QTest::addColumn<bool>("exists"); // without a picture in it
+    QTest::addColumn<QFileDialog::FileMode>("mode");
+    const auto row = [](const char* aName, int aFrames, bool aExists, QFileDialog::FileMode aMode) {
+        QTest::addRow("%s, %d frames%s", aName, aFrames, aExists ? ", there" : "")
+            << QString::fromLatin1(aName) << aFrames << aExists << aMode;
+    };
+    row("run", 3, false, QFileDialog::Directory);
+    row("run.2", 3, false, QFileDialog::Directory);
+    row("run", 1, false, QFileDialog::ExistingFile);
+    row("run.2", 1, false, QFileDialog::ExistingFile);
+    row("scan.tif", 3, false, QFileDialog::ExistingFile);
+    row("clip.AVI", 3, false, QFileDialog::ExistingFile);
+    row("clip", 3, true, QFileDialog::ExistingFile);
+}
+
+void TestFileCommands::locatingAsksForWhatIsMissing()
+{
+    QFETCH(QString, name);
+    QFETCH(int, frames);
+    QFETCH(bool, exists);
+    QFETCH(QFileDialog::FileMode, mode);
+    WindowFixture fixture;
+    fixture.openPages(frames);
+    const QString project = fixture.path(QStringLiteral("work.mtp"));
+    saveAs(fixture, project);
+    MadeFiles::write(project, MadeFiles::read(project).replace("pages.tif", name.toLatin1()));
+    if (exists)
+        MadeFiles::write(fixture.path(name), "no picture any more");
+    auto asked = QFileDialog::AnyFile;
+    const auto look = [&asked](QWidget* aDialog) {
+        const auto* dialog = qobject_cast<QFileDialog*>(aDialog);
+        asked = dialog ? dialog->fileMode() : QFileDialog::AnyFile;
+        QTest::keyClick(aDialog, Qt::Key_Escape);
+    };
+    const ModalAnswer answers({ModalAnswer::press(QStringLiteral("Locate Picture...")), look});
+    QVERIFY(fixture.window().openAtStart(project));
+    QVERIFY(answers.isDone());
+    QCOMPARE(asked, mode);
+    QVERIFY(fixture.bench().document().isPictureMissing());
 }
 
 MEASURE_TEST_MAIN(TestFileCommands)
