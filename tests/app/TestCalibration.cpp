@@ -30,6 +30,7 @@ private Q_SLOTS:
     void numberIsReadAsPeopleTypeIt();
     void dialogAcceptsOnlyWhatCalibrates_data();
     void dialogAcceptsOnlyWhatCalibrates();
+    void tabGoesThroughTheFieldsBothWays();
     void dialogTellsWhichCalibrationItReplaces();
     void dialogRemembersTheUnit();
 
@@ -174,6 +175,30 @@ void TestCalibration::dialogAcceptsOnlyWhatCalibrates()
     QCOMPARE(dialog.result() == QDialog::Accepted, accepted);
     QCOMPARE(Calibration::isUsable(dialog.calibration()) && !dialog.calibration().theUnit.isEmpty(),
              accepted);
+}
+
+void TestCalibration::tabGoesThroughTheFieldsBothWays()
+{
+    CalibrationDialog dialog(CalibrationDialog::kLength, 320.0, nullptr);
+    dialog.show();
+    dialog.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QStringList order;
+    const auto note = [&] {
+        const QWidget* focus = QApplication::focusWidget();
+        order << (focus ? focus->objectName() : QString());
+    };
+    note();
+    for (const Qt::Key key :
+         {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Backtab}) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        note();
+    }
+    const QString button = order[3];
+    QVERIFY(!button.contains(QStringLiteral("name")));
+    QCOMPARE(order,
+             QStringList({QStringLiteral("number"), QStringLiteral("unit"), QStringLiteral("name"), button,
+                          QStringLiteral("name"), QStringLiteral("unit"), QStringLiteral("number")}));
 }
 
 void TestCalibration::dialogTellsWhichCalibrationItReplaces()

@@ -3,7 +3,6 @@
 #include "Calibration.h"
 
 #include <QComboBox>
-#include <QLineEdit>
 #include <QSettings>
 
 namespace {
@@ -16,41 +15,39 @@ QString titleOf(CalibrationDialog::Mode aMode)
                                                : CalibrationDialog::tr("Calibrate by the Size of a Pixel");
 }
 
+QString numberLabelOf(CalibrationDialog::Mode aMode)
+{
+    return aMode == CalibrationDialog::kLength ? CalibrationDialog::tr("&Length:")
+                                               : CalibrationDialog::tr("&Size of a pixel:");
+}
+
 } // namespace
 
 CalibrationDialog::CalibrationDialog(Mode aMode, double aPixels, QWidget* aParent)
-    : CalibrationForm(aParent), theMode(aMode), thePixels(aPixels), theNumber(new QLineEdit(this))
+    : CalibrationForm(numberLabelOf(aMode), aParent), theMode(aMode), thePixels(aPixels)
 {
     setWindowTitle(titleOf(theMode));
     if (theMode == kLength)
         introduce(tr("The line is %1 pixels long.").arg(Calibration::numberText(thePixels)));
-    makeFields();
+    unit().addItems({tr("nm"), tr("µm"), tr("mm"), tr("cm"), tr("m"), tr("km"), tr("in"), tr("ft")});
+    unit().setCurrentText(QSettings().value(kUnitKey, tr("mm")).toString());
     keepRoom(40, 2);
     inputChanged();
 }
 
-void CalibrationDialog::makeFields()
-{
-    theNumber->setObjectName(QStringLiteral("number"));
-    addField(theMode == kLength ? tr("&Length:") : tr("&Size of a pixel:"), *theNumber);
-    unit().setEditable(true);
-    unit().addItems({tr("nm"), tr("µm"), tr("mm"), tr("cm"), tr("m"), tr("km"), tr("in"), tr("ft")});
-    unit().setCurrentText(QSettings().value(kUnitKey, tr("mm")).toString());
-}
-
 LmCalibData CalibrationDialog::calibration() const
 {
-    const double number = Calibration::numberFromText(theNumber->text());
+    const double typed = Calibration::numberFromText(number());
     const QString name = unit().currentText().simplified();
-    return theMode == kLength ? Calibration::fromLength(thePixels, number, name)
-                              : Calibration::fromPixelSize(number, name);
+    return theMode == kLength ? Calibration::fromLength(thePixels, typed, name)
+                              : Calibration::fromPixelSize(typed, name);
 }
 
 QString CalibrationDialog::explanation(const LmCalibData& aData) const
 {
-    if (theNumber->text().trimmed().isEmpty())
+    if (number().isEmpty())
         return tr("Enter a number, for example 25 or 0.5.");
-    if (Calibration::numberFromText(theNumber->text()) <= 0.0)
+    if (Calibration::numberFromText(number()) <= 0.0)
         return tr("This is not a number above zero.");
     if (aData.theUnit.isEmpty())
         return tr("Enter a unit, for example mm.");

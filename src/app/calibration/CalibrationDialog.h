@@ -22,12 +22,10 @@ public:
     void accept() override;
 
 private:
-    void makeFields();
     QString explanation(const LmCalibData& aData) const override;
 
     const Mode theMode;
     const double thePixels;
-    QLineEdit* theNumber;
 };
 
 #endif

@@ -10,10 +10,16 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-CalibrationForm::CalibrationForm(QWidget* aParent)
-    : QDialog(aParent), theIntroduction(new QLabel(this)), theFields(new QFormLayout),
-      theUnit(new QComboBox(this)), theName(new QLineEdit(this)), theMeaning(new QLabel(this))
+/// The fields are made in the order in which Tab goes through them.
+CalibrationForm::CalibrationForm(const QString& aNumberLabel, QWidget* aParent)
+    : QDialog(aParent), theIntroduction(new QLabel(this)), theFields(new QFormLayout)
 {
+    if (!aNumberLabel.isEmpty())
+        addNumber(aNumberLabel);
+    theUnit = new QComboBox(this);
+    theUnit->setEditable(!aNumberLabel.isEmpty());
+    theName = new QLineEdit(this);
+    theMeaning = new QLabel(this);
     theIntroduction->setObjectName(QStringLiteral("introduction"));
     theIntroduction->hide();
     theUnit->setObjectName(QStringLiteral("unit"));
@@ -38,6 +44,20 @@ CalibrationForm::CalibrationForm(QWidget* aParent)
     connect(theName, &QLineEdit::textChanged, this, &CalibrationForm::inputChanged);
 }
 
+void CalibrationForm::addNumber(const QString& aLabel)
+{
+    theNumber = new QLineEdit(this);
+    theNumber->setObjectName(QStringLiteral("number"));
+    theNumber->setFocus();
+    theFields->addRow(aLabel, theNumber);
+    connect(theNumber, &QLineEdit::textChanged, this, &CalibrationForm::inputChanged);
+}
+
+QString CalibrationForm::number() const
+{
+    return theNumber ? theNumber->text().trimmed() : QString();
+}
+
 QString CalibrationForm::name() const
 {
     const QString typed = theName->text().simplified();
@@ -54,15 +74,6 @@ void CalibrationForm::keepRoom(int aColumns, int aLines)
 {
     theMeaning->setMinimumWidth(aColumns * theMeaning->fontMetrics().averageCharWidth());
     theMeaning->setMinimumHeight(aLines * theMeaning->fontMetrics().lineSpacing());
-}
-
-void CalibrationForm::addField(const QString& aLabel, QLineEdit& aField)
-{
-    theFields->insertRow(0, aLabel, &aField);
-    setTabOrder(&aField, theUnit);
-    setTabOrder(theUnit, theName);
-    aField.setFocus();
-    connect(&aField, &QLineEdit::textChanged, this, &CalibrationForm::inputChanged);
 }
 
 QString CalibrationForm::replacement() const

@@ -23,14 +23,15 @@ public:
     virtual LmCalibData calibration() const = 0;
 
 protected:
-    explicit CalibrationForm(QWidget* aParent);
+    /// With aNumberLabel there is also a field for a number, with that label, and any unit can be typed.
+    CalibrationForm(const QString& aNumberLabel, QWidget* aParent);
 
     /// Puts a sentence above the fields.
     void introduce(const QString& aText);
     /// Room for a text from the start, so that the dialog doesn't jump while something is typed.
     void keepRoom(int aColumns, int aLines);
-    /// Puts a field in front of the others.
-    void addField(const QString& aLabel, QLineEdit& aField);
+    /// The text in the field for a number.
+    QString number() const;
     QComboBox& unit() const { return *theUnit; }
     /// A sentence if the name is one of another calibration.
     QString replacement() const;
@@ -40,6 +41,9 @@ protected:
     void inputChanged();
 
 private:
+    void addNumber(const QString& aLabel);
+
+    QLineEdit* theNumber = nullptr; // null without a field for a number
     QLabel* theIntroduction;
     QFormLayout* theFields;
     QComboBox* theUnit;

@@ -20,7 +20,7 @@ bool isUsualGuess(const ResolutionTag& aTag)
 } // namespace
 
 ResolutionDialog::ResolutionDialog(const ResolutionTag& aTag, QWidget* aParent)
-    : CalibrationForm(aParent), theTag(aTag)
+    : CalibrationForm(QString(), aParent), theTag(aTag)
 {
     setWindowTitle(tr("Calibrate from the Picture's Resolution"));
     introduce(tr("The file says that the picture has %1.").arg(tagText(theTag)));
