@@ -47,14 +47,16 @@ QString asClause(QString aText)
 /// Loading what is left of a file that was copied in part would end the program.
 bool isCutOff(const QString& aFile)
 {
+    constexpr unsigned char kOwnClass = sizeof(void*) == 8 ? ELFCLASS64 : ELFCLASS32;
     ElfW(Ehdr) head;
     QFile file(aFile);
     if (!file.open(QIODevice::ReadOnly) ||
         file.read(reinterpret_cast<char*>(&head), sizeof head) < qint64(sizeof head) ||
-        std::memcmp(head.e_ident, ELFMAG, SELFMAG) != 0)
+        std::memcmp(head.e_ident, ELFMAG, SELFMAG) != 0 || head.e_ident[EI_CLASS] != kOwnClass)
         return false;
     // The table of sections is the last thing in the file.
-    return qint64(head.e_shoff) + qint64(head.e_shnum) * head.e_shentsize > file.size();
+    const auto size = quint64(file.size());
+    return head.e_shoff > size || size - head.e_shoff < quint64(head.e_shnum) * head.e_shentsize;
 }
 
 bool checkRecord(const QString& aFile, QString& aError)
