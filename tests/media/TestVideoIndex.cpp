@@ -34,7 +34,7 @@ VideoIndex indexOf(const std::vector<qint64>& aStamps, const std::vector<int>& a
 }
 
 /// The frames in the order of decoding, for times.
-FrameTimes timesOf(const std::vector<qint64>& aShown, const std::vector<qint64>& aDecoded)
+VideoTimes videoTimesOf(const std::vector<qint64>& aShown, const std::vector<qint64>& aDecoded)
 {
     VideoIndex index;
     std::vector<int> serials;
@@ -46,7 +46,21 @@ FrameTimes timesOf(const std::vector<qint64>& aShown, const std::vector<qint64>&
     }
     index.finish();
     index.setOrder(serials);
-    return VideoTimes(index, 1.0, 2.0).times();
+    return VideoTimes(index, 1.0, 2.0);
+}
+
+FrameTimes timesOf(const std::vector<qint64>& aShown, const std::vector<qint64>& aDecoded)
+{
+    return videoTimesOf(aShown, aDecoded).times();
+}
+
+/// Every second tick from a first one on.
+std::vector<qint64> evenStamps(int aCount, qint64 aFirst = 0)
+{
+    std::vector<qint64> stamps;
+    for (int frame = 0; frame < aCount; ++frame)
+        stamps.push_back(aFirst + 2 * frame);
+    return stamps;
 }
 
 std::vector<double> all(const FrameTimes& aTimes)
@@ -64,6 +78,10 @@ class TestVideoIndex : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void singleWrongStampIsDropped_data();
+    void singleWrongStampIsDropped();
+    void fewMissingStampsComeFromTheirNeighbours();
+    void timesOfAJoinedRecordingAreContinued();
     void framesAreOrderedByStamps();
     void missingOrEqualStampsGiveNoOrder();
     void hiddenPacketsAreNoFrames();
@@ -236,6 +254,48 @@ void TestVideoIndex::withoutAnyStampTheUsualDistanceServes()
 {
     QCOMPARE(all(timesOf({kNone, kNone, kNone}, std::vector<qint64>(3, kNone))),
              (std::vector<double>{0, 2, 4}));
+}
+
+void TestVideoIndex::singleWrongStampIsDropped_data()
+{
+    QTest::addColumn<int>("frame");
+    QTest::addColumn<qint64>("stamp");
+    QTest::newRow("far too early") << 30 << qint64(0);
+    QTest::newRow("far too late") << 10 << qint64(1'000'000);
+    QTest::newRow("negative") << 38 << qint64(-5000);
+}
+
+void TestVideoIndex::singleWrongStampIsDropped()
+{
+    QFETCH(int, frame);
+    QFETCH(qint64, stamp);
+    const std::vector<qint64> right = evenStamps(40);
+    std::vector<qint64> stamps = right;
+    stamps[size_t(frame)] = stamp;
+    const VideoTimes times = videoTimesOf(stamps, right);
+    QCOMPARE(times.restart(), 0);
+    QCOMPARE(all(times.times()), std::vector<double>(right.begin(), right.end()));
+}
+
+void TestVideoIndex::fewMissingStampsComeFromTheirNeighbours()
+{
+    const std::vector<qint64> right = evenStamps(40);
+    std::vector<qint64> stamps = right;
+    stamps[0] = stamps[17] = stamps[18] = stamps[39] = VideoPacket::kNone;
+    // The packets are decoded two frames before they are shown.
+    const VideoTimes times = videoTimesOf(stamps, evenStamps(40, -4));
+    QCOMPARE(all(times.times()), std::vector<double>(right.begin(), right.end()));
+}
+
+void TestVideoIndex::timesOfAJoinedRecordingAreContinued()
+{
+    std::vector<qint64> stamps = evenStamps(40);
+    const std::vector<qint64> second = evenStamps(50, 1);
+    stamps.insert(stamps.end(), second.begin(), second.end());
+    const VideoTimes times = videoTimesOf(stamps, stamps);
+    QCOMPARE(times.restart(), 40);
+    const std::vector<qint64> wanted = evenStamps(90);
+    QCOMPARE(all(times.times()), std::vector<double>(wanted.begin(), wanted.end()));
 }
 
 MEASURE_TEST_MAIN(TestVideoIndex)

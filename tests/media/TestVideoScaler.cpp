@@ -38,6 +38,7 @@ class TestVideoScaler : public QObject
 private Q_SLOTS:
     void threadsChangeNoByte_data();
     void threadsChangeNoByte();
+    void quickRowsReachTheRightEdge();
 };
 
 void TestVideoScaler::threadsChangeNoByte_data()
@@ -45,10 +46,11 @@ void TestVideoScaler::threadsChangeNoByte_data()
     QTest::addColumn<int>("format");
     QTest::addColumn<bool>("accurate");
     QTest::addColumn<QSize>("size");
-    for (const AVPixelFormat format : {AV_PIX_FMT_YUV420P, AV_PIX_FMT_YUVJ422P, AV_PIX_FMT_YUV444P,
-                                       AV_PIX_FMT_NV12, AV_PIX_FMT_GRAY8, AV_PIX_FMT_RGB24})
+    for (const AVPixelFormat format :
+         {AV_PIX_FMT_YUV420P, AV_PIX_FMT_YUVJ422P, AV_PIX_FMT_YUV444P, AV_PIX_FMT_NV12, AV_PIX_FMT_GRAY8,
+          AV_PIX_FMT_RGB24, AV_PIX_FMT_YUV420P10LE})
         for (const bool isAccurate : {true, false})
-            for (const QSize& size : {QSize(1920, 1080), QSize(642, 517), QSize(64, 1024)})
+            for (const QSize& size : {QSize(1280, 720), QSize(643, 517), QSize(64, 1024)})
                 QTest::addRow("%s %s %d x %d", av_get_pix_fmt_name(format), isAccurate ? "accurate" : "quick",
                               size.width(), size.height())
                     << int(format) << isAccurate << size;
@@ -72,6 +74,22 @@ void TestVideoScaler::threadsChangeNoByte()
         for (int y = 0; y < size.height(); ++y)
             QVERIFY2(std::memcmp(together.row(y), alone.row(y), size_t(size.width() * alone.channels())) == 0,
                      qPrintable(QStringLiteral("%1 threads, row %2").arg(threads).arg(y)));
+    }
+}
+
+void TestVideoScaler::quickRowsReachTheRightEdge()
+{
+    for (const int width : {426, 853, 810, 8, 21, 1366}) {
+        const VideoHandles::Frame frame = noise(AV_PIX_FMT_YUV420P, QSize(width, 16));
+        QVERIFY(frame);
+        for (int plane = 0; plane < 3; ++plane)
+            std::memset(frame->data[plane], 150, size_t(frame->linesize[plane]) * (plane == 0 ? 16 : 8));
+        VideoScaler scaler(false, 1);
+        QVERIFY(scaler.convert(*frame));
+        const uint8_t* row = scaler.row(5);
+        for (int x = 0; x < width; ++x)
+            QVERIFY2(std::memcmp(row, row + 3 * x, 3) == 0,
+                     qPrintable(QStringLiteral("width %1, column %2").arg(width).arg(x)));
     }
 }
 

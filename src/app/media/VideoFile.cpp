@@ -135,7 +135,7 @@ bool VideoFile::index(const Progress& aProgress, qint64 aCacheLimit, QString& aE
         return false;
     }
     theEnd = indexer.end();
-    theHasGaps = order.hasGaps();
+    theMayLack = order.mayLackFrames();
     thePixels->setOrientation(theInput->stream());
     theSize = thePixels->shownSize(order.frameSize());
     theReader =
@@ -180,10 +180,14 @@ QString VideoFile::remark() const
                          .arg(subject())
                          .arg(theEnd, 0, 'f', 1)
                          .arg(duration, 0, 'f', 1);
-    if (theHasGaps)
-        sentences << tr("Damaged frames of this video are left out and not counted.");
+    if (theMayLack)
+        sentences << tr(
+            "Parts of this video can't be decoded, so frames may be missing; copy it again from its "
+            "source.");
     if (theRestart > 0)
-        sentences << tr("The times of this video start anew at frame %1 and are counted on there.")
+        sentences << tr("The times of this video start again at frame %1; from there on they are continued "
+                        "from the "
+                        "frame before.")
                          .arg(theRestart + 1);
     if (!theTimes.isConstant())
         sentences << tr("The frames of this video are not equally far apart in time (%1).").arg(rateText());

@@ -43,8 +43,8 @@ public:
     int frameCount() const override;
     const FrameTimes& times() const override { return theTimes; }
     QString remark() const override;
-    /// "25 fps", or what else there is to say of the rate.
-    QString rateText() const;
+    /// Tells also a variable rate.
+    QString rateText() const override;
     qint64 cachedBytes() const;
 
     /// A frame that can't be decoded is an empty gray image, and aError tells so.
@@ -72,7 +72,7 @@ private:
     FrameTimes theTimes;
     QSize theSize;           // of the shown frames
     int theChannels = 3;     // of the last image
-    bool theHasGaps = false; // damaged frames aren't among the frames
+    bool theMayLack = false; // something of it couldn't be decoded and isn't among the frames
     int theRestart = 0;      // the first frame whose stamp starts anew; 0 if there is none
     double theEnd = 0.0;     // of the last packet of any stream, in seconds
 };

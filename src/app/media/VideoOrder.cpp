@@ -91,6 +91,7 @@ bool VideoOrder::decode(int aCount, const MediaSource::Progress& aProgress)
 {
     theOutput.clear();
     theDamaged = false;
+    theDamagedLater = false;
     theSeen.assign(size_t(theIndex.packetCount()), false);
     if (!theInput.reopen())
         return true;
@@ -98,7 +99,7 @@ bool VideoOrder::decode(int aCount, const MediaSource::Progress& aProgress)
     VideoProgress progress(aProgress);
     for (int serial = 0; serial < aCount && theInput.read(*packet); ++serial) {
         if (!theDecoder.send(*packet, serial))
-            theDamaged = true;
+            noteDamage();
         receive();
         if (!progress.report(double(serial) / aCount))
             return false;
@@ -122,5 +123,11 @@ void VideoOrder::receive()
             theFrameSize = QSize(frame->width, frame->height);
     }
     if (theDecoder.takeFailure())
-        theDamaged = true;
+        noteDamage();
+}
+
+void VideoOrder::noteDamage()
+{
+    theDamaged = true;
+    theDamagedLater = theDamagedLater || !theOutput.empty();
 }

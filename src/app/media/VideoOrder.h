@@ -22,9 +22,9 @@ public:
     /// was stopped; the index is left without frames where none can be decoded.
     bool run(bool aTrustStamps, const MediaSource::Progress& aProgress);
     bool isLearned() const { return theLearned; }
-    /// Whether the order was learned of a video with damaged packets, of which nobody knows whether they were
-    /// frames.
-    bool hasGaps() const { return theLearned && theDamaged; }
+    /// Whether the order was learned and something behind the first frame couldn't be decoded, of which
+    /// nobody knows whether it was a frame.
+    bool mayLackFrames() const { return theLearned && theDamagedLater; }
     /// Of the first decoded frame.
     QSize frameSize() const { return theFrameSize; }
 
@@ -33,6 +33,7 @@ private:
     bool learn(const MediaSource::Progress& aProgress);
     bool decode(int aCount, const MediaSource::Progress& aProgress);
     void receive();
+    void noteDamage();
 
     VideoInput& theInput;
     VideoDecoder& theDecoder;
@@ -40,7 +41,8 @@ private:
     std::vector<int> theOutput; // serials in the order in which their frames came out
     std::vector<bool> theSeen;  // of each packet whether its frame came out
     QSize theFrameSize;
-    bool theDamaged = false; // a packet couldn't be decoded
+    bool theDamaged = false;      // a packet couldn't be decoded
+    bool theDamagedLater = false; // behind the first frame
     bool theLearned = false;
 };
 

@@ -19,8 +19,9 @@ public:
         constexpr int kSteps = 1'000'000;
         if (!theProgress || (theLast.isValid() && theLast.elapsed() < kInterval))
             return true;
+        const bool goesOn = theProgress(int(aPortion * kSteps), kSteps);
         theLast.start();
-        return theProgress(int(aPortion * kSteps), kSteps);
+        return goesOn;
     }
 
 private:

@@ -231,7 +231,7 @@ void VideoReader::noteError(int aFirst, int aLast)
         if (theIndex.frameOf(serial) >= 0 && theIndex.frameOf(serial) < theFirstFrame)
             return; // only what is missing before the beginning
     // Most packets of a bad stretch follow each other.
-    if (!theErrors.empty() && aFirst <= theErrors.back().second + 1)
+    if (!theErrors.empty() && aFirst <= theErrors.back().second + 1 && aLast + 1 >= theErrors.back().first)
         theErrors.back() = {std::min(theErrors.back().first, aFirst),
                             std::max(theErrors.back().second, aLast)};
     else

@@ -6,12 +6,15 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <new>
 #include <tuple>
 
 namespace {
 
 // The converter writes whole vectors, beyond the end of a row and behind the last one.
 constexpr int kVector = 64;
+// Its quick ways work on so many columns at a time, and leave those at the edge out where a row has no room.
+constexpr int kBlock = 16;
 
 /// The old names of formats that tell the range of their values by the name.
 AVPixelFormat plainFormat(int aFormat)
@@ -113,10 +116,11 @@ bool VideoScaler::setUp(const Kind& aKind)
     if (!sws_isSupportedInput(aKind.theFormat))
         return false;
     theChannels = isGray(aKind.theFormat) ? 1 : 3;
-    if (!setUpContext(aKind) || !setUpTarget(aKind)) {
+    if (!setUpContext(aKind)) {
         theContext.reset();
         return false;
     }
+    setUpTarget(aKind);
     theKind = aKind;
     return true;
 }
@@ -149,26 +153,29 @@ bool VideoScaler::setUpContext(const Kind& aKind)
     }
     if (sws_init_context(context, nullptr, nullptr) < 0)
         return false;
-    // Only now are there the parts of the threads, which the matrix has to reach.
-    sws_setColorspaceDetails(context, sws_getCoefficients(aKind.theMatrix), aKind.theFullRange,
-                             sws_getCoefficients(SWS_CS_DEFAULT), 1, 0, kOne, kOne);
+    // Only now are there the parts of the threads, which the matrix has to reach. Of the same matrix on both
+    // sides nothing is converted between grays.
+    const int* matrix = sws_getCoefficients(aKind.theMatrix);
+    sws_setColorspaceDetails(context, matrix, aKind.theFullRange, matrix, 1, 0, kOne, kOne);
     return true;
 }
 
 /// Rows with room behind each, so that no thread writes into the first row of the next one.
-bool VideoScaler::setUpTarget(const Kind& aKind)
+void VideoScaler::setUpTarget(const Kind& aKind)
 {
-    const int bytesPerRow = (aKind.theWidth * theChannels + kVector) / kVector * kVector;
+    const int columns = (aKind.theWidth + kBlock - 1) / kBlock * kBlock;
+    const int bytesPerRow = (columns * theChannels + kVector) / kVector * kVector;
     theTarget.reset(av_frame_alloc());
     if (!theTarget)
-        return false;
+        throw std::bad_alloc();
     theTarget->format = theChannels == 1 ? AV_PIX_FMT_GRAY8 : AV_PIX_FMT_RGB24;
     theTarget->width = aKind.theWidth;
     theTarget->height = aKind.theHeight;
     theTarget->linesize[0] = bytesPerRow;
     theTarget->buf[0] = av_buffer_alloc(size_t(bytesPerRow) * size_t(aKind.theHeight) + kVector);
-    if (!theTarget->buf[0])
-        return false;
+    if (!theTarget->buf[0]) {
+        theContext.reset();
+        throw std::bad_alloc();
+    }
     theTarget->data[0] = theTarget->buf[0]->data;
-    return true;
 }

@@ -16,7 +16,7 @@ public:
     {
     }
 
-    /// False if the frame has pixels of an unknown kind.
+    /// False if the frame has pixels of an unknown kind; may throw std::bad_alloc.
     bool convert(const AVFrame& aFrame);
     /// Of the last converted frame.
     int channels() const { return theChannels; }
@@ -46,7 +46,7 @@ private:
     static Kind kindOf(const AVFrame& aFrame);
     bool setUp(const Kind& aKind);
     bool setUpContext(const Kind& aKind);
-    bool setUpTarget(const Kind& aKind);
+    void setUpTarget(const Kind& aKind);
 
     bool theAccurate;
     int theMostThreads;

@@ -15,13 +15,18 @@ constexpr double kUsualTime = 0.04; // seconds, where nothing at all is known
 } // namespace
 
 VideoTimes::VideoTimes(const VideoIndex& aIndex, double aTick, double aFrameTime)
-    : theIndex(aIndex), theTick(aTick), theFrameTime(aFrameTime)
+    : theTick(aTick), theFrameTime(aFrameTime)
 {
     // Where a few stamps are missing their neighbours tell more than the order of decoding does. Where many
     // are, as in AVI files, the others were guessed from that order too.
-    const int few = theIndex.frameCount() / 10;
-    if (!takeStamps(&VideoPacket::theShown, few) && !takeStamps(&VideoPacket::theDecoded, 0))
-        takeStamps(&VideoPacket::theShown, theIndex.frameCount());
+    const int few = aIndex.frameCount() / 10;
+    if (!takeStamps(aIndex, &VideoPacket::theShown, few) && !takeStamps(aIndex, &VideoPacket::theDecoded, 0))
+        takeStamps(aIndex, &VideoPacket::theShown, aIndex.frameCount());
+    const int last = aIndex.frameCount() - 1;
+    if (last >= 0)
+        theLastDuration = double(aIndex.packet(aIndex.serialOf(last)).theDuration) * theTick;
+    if (theLastDuration <= 0.0 && last <= 0)
+        theLastDuration = theFrameTime;
     countOn();
     const bool isWhole =
         std::none_of(theSeconds.begin(), theSeconds.end(), [](double aTime) { return std::isnan(aTime); });
@@ -34,35 +39,64 @@ VideoTimes::VideoTimes(const VideoIndex& aIndex, double aTick, double aFrameTime
 }
 
 /// False if more frames than that have no stamp of the sort.
-bool VideoTimes::takeStamps(qint64 VideoPacket::*aStamp, int aMostMissing)
+bool VideoTimes::takeStamps(const VideoIndex& aIndex, qint64 VideoPacket::*aStamp, int aMostMissing)
 {
     theSeconds.clear();
-    for (int frame = 0; frame < theIndex.frameCount(); ++frame) {
-        const qint64 stamp = theIndex.packet(theIndex.serialOf(frame)).*aStamp;
+    for (int frame = 0; frame < aIndex.frameCount(); ++frame) {
+        const qint64 stamp = aIndex.packet(aIndex.serialOf(frame)).*aStamp;
         theSeconds.push_back(stamp == VideoPacket::kNone ? kUnknown : double(stamp) * theTick);
     }
     return std::count_if(theSeconds.begin(), theSeconds.end(),
                          [](double aTime) { return std::isnan(aTime); }) <= aMostMissing;
 }
 
-/// Lets times that fall back farther than the order of decoding could explain go on from the ones before.
+/// Drops single times far from those around them, and lets times that fall back farther than the order of
+/// decoding could explain go on from the ones before.
 void VideoTimes::countOn()
 {
-    const double distance = theFrameTime > 0.0 ? theFrameTime : kUsualTime;
-    double latest = -std::numeric_limits<double>::infinity();
+    const std::vector<int> frames = knownFrames();
+    const double distance = std::max(theFrameTime, usualDistance(frames));
+    const double far = VideoDecoder::kDeepestReorder * distance;
+    double latest = 0.0;
     double shift = 0.0;
-    for (int frame = 0; frame < int(theSeconds.size()); ++frame) {
-        double& time = theSeconds[size_t(frame)];
-        if (std::isnan(time))
-            continue;
+    for (size_t i = 0; i < frames.size(); ++i) {
+        double& time = theSeconds[size_t(frames[i])];
         time += shift;
-        if (time < latest - VideoDecoder::kDeepestReorder * distance) {
+        const bool isFar = i > 0 && std::abs(time - latest) > far;
+        if (isFar && i + 1 < frames.size() &&
+            std::abs(theSeconds[size_t(frames[i + 1])] + shift - latest) <= far) {
+            time = kUnknown;
+            continue;
+        }
+        if (isFar && time < latest) {
             shift += latest + distance - time;
             time = latest + distance;
-            theRestart = theRestart > 0 ? theRestart : frame;
+            theRestart = theRestart > 0 ? theRestart : frames[i];
         }
-        latest = std::max(latest, time);
+        latest = i > 0 ? std::max(latest, time) : time;
     }
+}
+
+std::vector<int> VideoTimes::knownFrames() const
+{
+    std::vector<int> frames;
+    for (int frame = 0; frame < int(theSeconds.size()); ++frame)
+        if (!std::isnan(theSeconds[size_t(frame)]))
+            frames.push_back(frame);
+    return frames;
+}
+
+/// Between two frames, whatever single wrong times there are.
+double VideoTimes::usualDistance(const std::vector<int>& aFrames) const
+{
+    std::vector<double> distances;
+    for (size_t i = 1; i < aFrames.size(); ++i)
+        distances.push_back(std::abs(theSeconds[size_t(aFrames[i])] - theSeconds[size_t(aFrames[i - 1])]));
+    if (distances.empty())
+        return kUsualTime;
+    const auto middle = distances.begin() + ptrdiff_t(distances.size() / 2);
+    std::nth_element(distances.begin(), middle, distances.end());
+    return *middle > 0.0 ? *middle : kUsualTime;
 }
 
 /// Keeps the times that ascend, and gives the frames without one times by their neighbours or, at the ends,
@@ -97,8 +131,5 @@ void VideoTimes::fillBetween(int aFrom, int aTo)
 
 FrameTimes VideoTimes::times() const
 {
-    const int last = theIndex.frameCount() - 1;
-    const double lastDuration =
-        last < 0 ? 0.0 : double(theIndex.packet(theIndex.serialOf(last)).theDuration) * theTick;
-    return FrameTimes(theSeconds, theTick, lastDuration > 0.0 || last > 0 ? lastDuration : theFrameTime);
+    return FrameTimes(theSeconds, theTick, theLastDuration);
 }

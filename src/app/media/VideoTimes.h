@@ -22,14 +22,16 @@ public:
     int restart() const { return theRestart; }
 
 private:
-    bool takeStamps(qint64 VideoPacket::*aStamp, int aMostMissing);
+    bool takeStamps(const VideoIndex& aIndex, qint64 VideoPacket::*aStamp, int aMostMissing);
     void countOn();
+    std::vector<int> knownFrames() const;
+    double usualDistance(const std::vector<int>& aFrames) const;
     void fillGaps();
     void fillBetween(int aFrom, int aTo);
 
-    const VideoIndex& theIndex;
-    const double theTick;
-    const double theFrameTime;
+    double theTick;
+    double theFrameTime;
+    double theLastDuration = 0.0;
     std::vector<double> theSeconds; // of the frames; not a number where nothing is known
     int theRestart = 0;
 };
