@@ -143,22 +143,22 @@ void Document::openPictureOf(const ProjectContent& aContent, QString& aError)
     const int frame = qMin(aContent.theFrame, theMedia.frameCount() - 1);
     if (QString frameError; frame > 0 && !theMedia.showFrame(frame, frameError))
         aError = frameError;
-    if (const QString other = difference(aContent); !other.isEmpty())
+    if (const QString other = difference(aContent.thePictureSize, aContent.theFrameCount); !other.isEmpty())
         aError = other;
 }
 
-QString Document::difference(const ProjectContent& aContent) const
+QString Document::difference(const QSize& aSize, int aFrameCount) const
 {
     const QString name = QDir::toNativeSeparators(theMedia.path());
-    if (theMedia.image()->size() != aContent.thePictureSize)
+    if (theMedia.image()->size() != aSize)
         return tr("The picture %1 has another size than when the project was saved; check the calibration.")
             .arg(name);
-    if (theMedia.frameCount() != aContent.theFrameCount)
+    if (theMedia.frameCount() != aFrameCount)
         return tr("The file %1 has %2 frames instead of %3 as when the project was saved; check the "
                   "keyframes.")
             .arg(name)
             .arg(theMedia.frameCount())
-            .arg(aContent.theFrameCount);
+            .arg(aFrameCount);
     return QString();
 }
 
@@ -191,10 +191,13 @@ bool Document::locatePicture(const QString& aPath, QString& aError)
         aError = tr("The picture of this project is already shown; open another picture instead.");
         return false;
     }
+    const int frameCount = theMedia.frameCount();
     LoadProgress progress(tr("Reading %1...").arg(QFileInfo(aPath).fileName()), theProgressParent, 1);
     if (!theMedia.replacePlaceholder(
             aPath, aError, [&progress](int aDone, int aCount) { return progress.report(aDone, aCount); }))
         return false;
+    if (const QString other = difference(theMedia.image()->size(), frameCount); !other.isEmpty())
+        aError = other;
     thePictureRelocated = true;
     Q_EMIT changed();
     return true;

@@ -33,7 +33,8 @@ public:
     /// A project whose picture can't be shown opens with an empty picture of its size; isPictureMissing() is
     /// then true, and aError tells why although the project is open.
     bool openProject(const QString& aPath, QString& aError);
-    /// Puts the picture that was missing in its place; the objects stay. One of another size is refused.
+    /// Puts the picture that was missing in its place; the objects stay. One of another size is refused. With
+    /// another number of frames the result is true, and aError tells so.
     bool locatePicture(const QString& aPath, QString& aError);
     bool save(const QString& aPath, QString& aError);
     /// Called before a project is saved, to make a file of what is shown; false with one sentence in aError
@@ -62,7 +63,7 @@ private:
     bool openMedia(const QString& aPath, QString& aError);
     void openPictureOf(const ProjectContent& aContent, QString& aError);
     /// What of the picture isn't as it was when the project was saved; empty if all is.
-    QString difference(const ProjectContent& aContent) const;
+    QString difference(const QSize& aSize, int aFrameCount) const;
     void setCalibrations(const ProjectContent& aContent);
     void constructObjects(const ProjectContent& aContent);
 

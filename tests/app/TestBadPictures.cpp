@@ -1,5 +1,6 @@
 #include "LmImage.h"
 #include "MadeFiles.h"
+#include "PictureChecks.h"
 #include "PictureFile.h"
 #include "Sentence.h"
 #include "TestFont.h"
@@ -28,7 +29,8 @@ private Q_SLOTS:
     void absurdlyLargePictureIsRefusedBeforeDecoding_data();
     void absurdlyLargePictureIsRefusedBeforeDecoding();
     void floatingPointPixelsAreRefused();
-    void pageThatIsGoneLaterIsRefused();
+    void pageThatIsGoneLaterIsGray();
+    void damagedPageIsGrayAndTheOthersAreThere();
 
 private:
     /// The message for the file, which must not open.
@@ -159,7 +161,7 @@ void TestBadPictures::floatingPointPixelsAreRefused()
     QVERIFY2(error.contains(QStringLiteral("of a kind that can't be shown")), qPrintable(error));
 }
 
-void TestBadPictures::pageThatIsGoneLaterIsRefused()
+void TestBadPictures::pageThatIsGoneLaterIsGray()
 {
     const QString path = theFolder.filePath(QStringLiteral("going.tif"));
     MadeFiles::write(path, MadeFiles::tiff({madePicture(8, 8), madePicture(8, 8)}));
@@ -167,9 +169,31 @@ void TestBadPictures::pageThatIsGoneLaterIsRefused()
     const auto file = PictureFile::open(path, error);
     QVERIFY(file);
     QVERIFY(QFile::remove(path));
-    QVERIFY(!file->readFrame(1, error));
+    const auto page = file->readFrame(1, error);
+    QVERIFY(page && page->size() == QSize(8, 8));
+    QCOMPARE(pixel(*page, 4, 4), QColor(0x80, 0x80, 0x80));
     QCOMPARE(sentenceFault(error), QString());
     QVERIFY2(error.contains(QStringLiteral("is not there")), qPrintable(error));
+}
+
+void TestBadPictures::damagedPageIsGrayAndTheOthersAreThere()
+{
+    const QString path = theFolder.filePath(QStringLiteral("damaged.tif"));
+    MadeFiles::write(
+        path, MadeFiles::withDamagedPage({madePicture(8, 8), madePicture(8, 8), madePicture(8, 8)}, 1));
+    QString error;
+    const auto file = PictureFile::open(path, error);
+    QVERIFY2(file, qPrintable(error));
+    QCOMPARE(file->frameCount(), 3);
+    for (const int page : {0, 2}) {
+        QCOMPARE(difference(*file->readFrame(page, error), madePicture(8, 8)), QString());
+        QCOMPARE(error, QString());
+    }
+    const auto damaged = file->readFrame(1, error);
+    QVERIFY(damaged && damaged->size() == QSize(8, 8));
+    QCOMPARE(pixel(*damaged, 4, 4), QColor(0x80, 0x80, 0x80));
+    QCOMPARE(sentenceFault(error), QString());
+    QVERIFY2(error.contains(QStringLiteral("damaged")), qPrintable(error));
 }
 
 MEASURE_TEST_MAIN(TestBadPictures)

@@ -1,15 +1,18 @@
 #include "LmCvManipulator.h"
 #include "LmCvObject.h"
 #include "LmKSKernelData.h"
+#include "MadeFiles.h"
 #include "Media.h"
 #include "Player.h"
 #include "TestFont.h"
+#include "TestSamples.h"
 #include "TimelineDock.h"
 #include "TimelineWindow.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QSignalSpy>
+#include <QStatusBar>
 #include <QtTest>
 
 namespace {
@@ -57,6 +60,9 @@ private Q_SLOTS:
     void playAndStopAreOneAction();
     void askingForAFrameStops();
     void pressOnThePictureStops();
+    void keyThatChangesObjectsStops_data();
+    void keyThatChangesObjectsStops();
+    void damagedPageIsPlayedOver();
     void speedChangedAtTheSeamOfALoopKeepsTheRound();
     void otherFileStops();
     void singlePictureIsNotPlayed();
@@ -151,6 +157,42 @@ void TestPlayer::pressOnThePictureStops()
     QVERIFY(!player(f).isPlaying());
     f.release(QPoint(20, 20));
     QVERIFY(!player(f).isPlaying());
+}
+
+void TestPlayer::keyThatChangesObjectsStops_data()
+{
+    QTest::addColumn<int>("key");
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Down, Qt::Key_Delete, Qt::Key_Escape})
+        QTest::addRow("%x", int(key)) << int(key);
+}
+
+void TestPlayer::keyThatChangesObjectsStops()
+{
+    QFETCH(int, key);
+    TimelineWindow f;
+    player(f).play();
+    f.key(Qt::Key(key));
+    QVERIFY(!player(f).isPlaying());
+}
+
+void TestPlayer::damagedPageIsPlayedOver()
+{
+    WindowFixture f;
+    const QImage page = madePicture(400, 300);
+    const QString path = f.path(QStringLiteral("damaged.tif"));
+    MadeFiles::write(path, MadeFiles::withDamagedPage({page, page, page, page}, 2));
+    QVERIFY(f.window().openAtStart(path));
+    const FrameWatch watch(f.kernel());
+    player(f).play();
+    QTRY_VERIFY(!player(f).isPlaying());
+    QCOMPARE(f.kernel().theCurrentFrame, 3U);
+    QCOMPARE(watch.theStopped, QList<long long>{3});
+    // And stepped over, told.
+    f.key(Qt::Key_PageUp);
+    QCOMPARE(f.kernel().theCurrentFrame, 2U);
+    QVERIFY(f.window().statusBar()->currentMessage().contains(QStringLiteral("damaged")));
+    f.key(Qt::Key_PageUp);
+    QCOMPARE(f.kernel().theCurrentFrame, 1U);
 }
 
 void TestPlayer::speedChangedAtTheSeamOfALoopKeepsTheRound()

@@ -78,6 +78,7 @@ private Q_SLOTS:
     void movingThingIsMeasuredOnSeveralPictures();
     void projectOfASeriesComesBack();
     void missingSeriesIsLocatedAsAFolder();
+    void shorterSeriesIsToldWhenItIsLocated();
     void damagedPictureIsToldAndSteppedOver();
     void picturesOfAnotherSizeAreToldOf();
     void folderWithoutPicturesIsToldAndThePresentOneStays();
@@ -176,6 +177,26 @@ void TestSeriesWindow::missingSeriesIsLocatedAsAFolder()
     QCOMPARE(f.gray(), SeriesWindow::grayOf(1));
     QCOMPARE(f.distanceCount(), 1);
     QVERIFY(f.window().isWindowModified());
+}
+
+void TestSeriesWindow::shorterSeriesIsToldWhenItIsLocated()
+{
+    SeriesWindow f;
+    f.openFolder(f.folder());
+    f.frameField().setValue(4);
+    const QString project = f.saveAs(QStringLiteral("series.mtp"));
+    QVERIFY(QFile::remove(f.file(3)));
+    const QString moved = f.path(QStringLiteral("elsewhere"));
+    QVERIFY(QDir().rename(f.folder(), moved));
+    const ModalAnswer answers({ModalAnswer::press(QStringLiteral("Locate Picture...")),
+                               ModalAnswer::chooseFile(moved), ModalAnswer::press(QMessageBox::Ok)});
+    QVERIFY(f.window().openAtStart(project));
+    QVERIFY(answers.isDone());
+    QCOMPARE(sentenceFault(ModalAnswer::lastText()), QString());
+    QVERIFY2(ModalAnswer::lastText().contains(QStringLiteral("has 3 frames instead of 4")),
+             qPrintable(ModalAnswer::lastText()));
+    QVERIFY(!f.bench().document().isPictureMissing());
+    QCOMPARE(f.gray(), SeriesWindow::grayOf(2));
 }
 
 void TestSeriesWindow::damagedPictureIsToldAndSteppedOver()

@@ -18,10 +18,14 @@
 #include "WindowFixture.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QToolBar>
 #include <QtTest>
+
+#include <algorithm>
 
 namespace {
 
@@ -81,6 +85,7 @@ private Q_SLOTS:
     void firstFrameIsShown();
     void framesAreSteppedBothWays();
     void typedFrameAndTimeAreShown();
+    void shownTimeLeadsToItsFrame();
     void wrongTimeIsTakenBack();
     void playedFramesAreTheRightOnes();
     void standingFrameHasItsExactColours();
@@ -88,6 +93,7 @@ private Q_SLOTS:
     void projectWithAVideoComesBack();
     void missingVideoLeavesTheObjectsOpen();
     void videoOfAnotherLengthIsTold();
+    void locatedVideoOfAnotherLengthIsTold();
     void variableRateIsTold();
     void cutVideoIsOpenedAsFarAsItGoes();
     void damagedFrameIsToldAndSteppedOver_data();
@@ -130,6 +136,28 @@ void TestVideoWindow::typedFrameAndTimeAreShown()
     QCOMPARE(f.number(), 50);
     typeTime(f, QStringLiteral("1000"));
     QCOMPARE(f.number(), kFrames - 1);
+}
+
+/// Times of 30 frames a second are written rounded.
+void TestVideoWindow::shownTimeLeadsToItsFrame()
+{
+    VideoWindow f;
+    ClipOptions options = VideoWindow::options();
+    options.rate = 30;
+    QVERIFY(ClipWriter::write(f.path(QStringLiteral("thirty.mp4")), options));
+    QVERIFY(f.window().openAtStart(f.path(QStringLiteral("thirty.mp4"))));
+    for (int frame = 1; frame < 8; ++frame) {
+        f.frameField().setValue(frame + 1);
+        const QString shown = f.timeField().text();
+        f.frameField().setValue(1);
+        typeTime(f, shown);
+        QCOMPARE(f.frameField().value(), frame + 1);
+    }
+    const auto* bar = f.window().findChild<QToolBar*>(QStringLiteral("frameBar"));
+    const QList<QLabel*> labels = bar->findChildren<QLabel*>();
+    QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel* aLabel) {
+        return aLabel->text().contains(QStringLiteral("30 fps"));
+    }));
 }
 
 void TestVideoWindow::wrongTimeIsTakenBack()
@@ -248,6 +276,35 @@ void TestVideoWindow::videoOfAnotherLengthIsTold()
     QVERIFY2(sentenceFault(ModalAnswer::lastText()).isEmpty(),
              qPrintable(sentenceFault(ModalAnswer::lastText())));
     QCOMPARE(f.number(), 19);
+}
+
+void TestVideoWindow::locatedVideoOfAnotherLengthIsTold()
+{
+    VideoWindow f;
+    f.draw(QPoint(50, 50), QPoint(150, 50));
+    f.window().findChild<QAction*>(QStringLiteral("animate-object"))->trigger();
+    f.frameField().setValue(41);
+    f.window().findChild<QAction*>(QStringLiteral("set-keyframe"))->trigger();
+    f.frameField().setValue(1);
+    const QString project = f.saved(QStringLiteral("video.mtp"));
+    QVERIFY(QFile::remove(f.clip()));
+    ModalAnswer answer(ModalAnswer::press(QStringLiteral("Not Now")));
+    QVERIFY(f.window().openAtStart(project));
+    QVERIFY(answer.isDone());
+    f.click(QPoint(100, 50));
+    const QAction* next = f.window().findChild<QAction*>(QStringLiteral("next-keyframe"));
+    QVERIFY(next->isEnabled());
+
+    ClipOptions shorter = VideoWindow::options();
+    shorter.count = 20;
+    const QString other = f.path(QStringLiteral("shorter.mp4"));
+    QVERIFY(ClipWriter::write(other, shorter));
+    QString error;
+    QVERIFY(f.bench().document().locatePicture(other, error));
+    QVERIFY2(error.contains(QStringLiteral("20 frames instead of 60")), qPrintable(error));
+    QCOMPARE(sentenceFault(error), QString());
+    // There is no such frame any more.
+    QVERIFY(!next->isEnabled());
 }
 
 void TestVideoWindow::variableRateIsTold()

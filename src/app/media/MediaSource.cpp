@@ -10,6 +10,11 @@ const FrameTimes& MediaSource::times() const
     return kNoTimes;
 }
 
+QString MediaSource::rateText() const
+{
+    return QString();
+}
+
 QString MediaSource::framePath(int aFrame) const
 {
     return aFrame >= 0 && aFrame < frameCount() ? path() : QString();

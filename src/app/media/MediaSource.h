@@ -28,6 +28,8 @@ public:
     virtual int frameCount() const = 0;
     /// One time a frame, or empty where frames have none.
     virtual const FrameTimes& times() const;
+    /// How many frames there are in a second, as "25 fps"; empty where frames have no time.
+    virtual QString rateText() const;
     /// What the user should know of the whole source, such as that it ends early: one sentence, mostly empty.
     virtual QString remark() const;
 

@@ -46,6 +46,14 @@ bool hasKnownFormat(QImageReader& aReader)
     return knownFormats().contains(baseFormat(aReader.format()));
 }
 
+/// Of the page that comes next.
+QSize shownSize(const QImageReader& aReader)
+{
+    const QSize size = aReader.size();
+    const bool turned = aReader.transformation() & QImageIOHandler::TransformationRotate90;
+    return turned ? size.transposed() : size;
+}
+
 } // namespace
 
 PictureFile::PictureFile(const QString& aPath) : thePath(QFileInfo(aPath).absoluteFilePath()) {}
@@ -64,7 +72,33 @@ std::unique_ptr<PictureFile> PictureFile::open(const QString& aPath, QString& aE
     if (!MediaFile::check(file->thePath, file->subject(), aError) || !file->checkContent(aError))
         return nullptr;
     file->theFirstPage = file->decode(0, aError);
-    return file->theFirstPage ? std::move(file) : nullptr;
+    if (!file->theFirstPage)
+        return nullptr;
+    file->measurePages();
+    return file;
+}
+
+/// Reads no more than the head of each page.
+void PictureFile::measurePages()
+{
+    // Looking for a page takes longer the farther back it stands.
+    constexpr int kMostLookedAt = 1000;
+    theSize = theFirstPage->size();
+    QImageReader reader(thePath);
+    setUp(reader);
+    for (int page = 1; page < qMin(theFrameCount, kMostLookedAt); ++page) {
+        const QSize size = reader.jumpToImage(page) ? shownSize(reader) : QSize();
+        theSizesDiffer = theSizesDiffer || (size.isValid() && size != theSize);
+        if (size.isValid() && qint64(size.width()) * size.height() <= kMaxPixels)
+            theSize = theSize.expandedTo(size);
+    }
+}
+
+QString PictureFile::remark() const
+{
+    return theSizesDiffer
+               ? tr("The pages of this file differ in size; the smaller ones are filled up with gray.")
+               : QString();
 }
 
 QStringList PictureFile::suffixes()
@@ -91,9 +125,7 @@ QSize PictureFile::sizeOf(const QString& aPath)
     QImageReader reader(aPath);
     if (!hasKnownFormat(reader))
         return QSize();
-    const QSize size = reader.size();
-    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
-    return turned ? size.transposed() : size;
+    return shownSize(reader);
 }
 
 bool PictureFile::checkContent(QString& aError)
@@ -122,10 +154,16 @@ std::unique_ptr<LmImage> PictureFile::readFrame(int aFrame, QString& aError)
                      .arg(theFrameCount);
         return nullptr;
     }
-    if (aFrame == 0 && theFirstPage)
-        return std::move(theFirstPage);
+    aError.clear();
+    std::unique_ptr<LmImage> page;
     const QuietStderr quiet;
-    return MediaFile::check(thePath, subject(), aError) ? decode(aFrame, aError) : nullptr;
+    if (aFrame == 0 && theFirstPage)
+        page = std::move(theFirstPage);
+    else if (MediaFile::check(thePath, subject(), aError))
+        page = decode(aFrame, aError);
+    if (page && page->size() == theSize)
+        return page;
+    return page ? PicturePixels::fitted(*page, theSize) : PicturePixels::empty(theSize, 1);
 }
 
 std::unique_ptr<LmImage> PictureFile::decode(int aFrame, QString& aError) const

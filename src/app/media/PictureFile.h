@@ -13,7 +13,7 @@ class QImageReader;
 ///
 /// What a file is follows from its content, not from its name. 16 bits per channel are reduced to the
 /// upper 8. Gray pictures stay gray, all others become red, green, blue (and alpha where there is one). The
-/// orientation that a camera noted is applied.
+/// orientation that a camera noted is applied. Smaller pages are filled up with gray on the right and below.
 class PictureFile : public MediaSource
 {
     Q_DECLARE_TR_FUNCTIONS(PictureFile)
@@ -37,11 +37,14 @@ public:
 
     const QString& path() const override { return thePath; }
     int frameCount() const override { return theFrameCount; }
+    QString remark() const override;
+    /// A page that can't be read is an empty gray image, and aError tells so.
     std::unique_ptr<LmImage> readFrame(int aFrame, QString& aError) override;
 
 private:
     explicit PictureFile(const QString& aPath);
 
+    void measurePages();
     std::unique_ptr<LmImage> decode(int aFrame, QString& aError) const;
     std::unique_ptr<LmImage> decodePage(QImageReader& aReader, QString& aError) const;
     static bool selectPage(QImageReader& aReader, int aFrame);
@@ -51,6 +54,8 @@ private:
 
     QString thePath;
     int theFrameCount = 1;
+    QSize theSize; // of the largest page across and down
+    bool theSizesDiffer = false;
     std::unique_ptr<LmImage> theFirstPage; // from opening, given away when it is first asked for
 };
 

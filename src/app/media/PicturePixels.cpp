@@ -110,3 +110,12 @@ std::unique_ptr<LmImage> PicturePixels::empty(const QSize& aSize, int aChannels)
         std::memset(image->row(y), kGray, size_t(image->width()) * size_t(aChannels));
     return image;
 }
+
+std::unique_ptr<LmImage> PicturePixels::fitted(const LmImage& aImage, const QSize& aSize)
+{
+    auto image = empty(aSize, aImage.channels());
+    const QSize shared = aSize.boundedTo(aImage.size());
+    for (int y = 0; y < shared.height(); ++y)
+        std::memcpy(image->row(y), aImage.row(y), size_t(shared.width()) * size_t(aImage.channels()));
+    return image;
+}

@@ -18,6 +18,9 @@ std::unique_ptr<LmImage> toLmImage(const QImage& aPicture);
 /// A gray image, in the place of a picture that can't be had.
 std::unique_ptr<LmImage> empty(const QSize& aSize, int aChannels);
 
+/// The image in one of another size, cut or filled up with gray on the right and below.
+std::unique_ptr<LmImage> fitted(const LmImage& aImage, const QSize& aSize);
+
 } // namespace PicturePixels
 
 #endif

@@ -102,7 +102,8 @@ void FrameBar::goToTime()
     const QString typed = theTime->text();
     theTime->setModified(false);
     if (valid)
-        go(theMedia.times().frameAt(seconds));
+        go(theMedia.times().frameAt(seconds +
+                                    FrameText::kRounding)); // the time that is shown may be a bit early
     else
         Q_EMIT failed(tr("The time “%1” can't be read; type seconds such as 2.5, or minutes and seconds such "
                          "as 1:05.2.")
@@ -119,7 +120,8 @@ void FrameBar::follow()
     // What is being typed stays, also while frames are played.
     if (!theNumber->hasFocus() || !isTyped(*theNumber))
         theNumber->setValue(theMedia.frame() + 1);
-    theCount->setText(tr(" of %1 ").arg(count));
+    const QString rate = theMedia.source() ? theMedia.source()->rateText() : QString();
+    theCount->setText(rate.isEmpty() ? tr(" of %1 ").arg(count) : tr(" of %1, %2 ").arg(count).arg(rate));
     theTimeAction->setVisible(!times.isEmpty());
     if (!theTime->hasFocus() || !theTime->isModified())
         theTime->setText(FrameText::time(times.at(theMedia.frame())));

@@ -17,6 +17,8 @@ class KeyframeTrack : public QObject
 public:
     KeyframeTrack(LmCvEditor& aEditor, QUndoStack& aStack, QObject* aParent);
 
+    /// Reads the current object anew; to be called also when there are other frames.
+    void follow();
     /// Whether there is a current object that has a record.
     bool hasObject() const { return record() != nullptr; }
     /// Such as "Distance 3"; empty without one.
@@ -49,7 +51,6 @@ Q_SIGNALS:
 
 private:
     const LmKernelObjectData* record() const;
-    void follow();
     void objectChanged(int aType, int aIdx);
     void push(const KeyframeLists& aKeyframes, bool aAnimated, const QString& aText);
 

@@ -117,8 +117,9 @@ void Player::showFetched()
 {
     std::unique_ptr<LmImage> image = theFetcher.takeImage();
     if (!image) {
-        halt();
-        Q_EMIT failed(theFetcher.error());
+        const QString error = theFetcher.error();
+        stop();
+        Q_EMIT failed(error);
         return;
     }
     theMedia.showPlayed(std::move(image), theFetched);

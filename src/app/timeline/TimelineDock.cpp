@@ -9,8 +9,35 @@
 #include "TimelineView.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QVBoxLayout>
+
+namespace {
+
+/// Whether the user begins something on the picture, for which the frames have to stand.
+bool isWorkOnPicture(const QEvent& aEvent)
+{
+    // The middle button pans, which may go on while frames are played.
+    if (aEvent.type() == QEvent::MouseButtonPress)
+        return static_cast<const QMouseEvent&>(aEvent).button() != Qt::MiddleButton;
+    if (aEvent.type() != QEvent::KeyPress)
+        return false;
+    switch (static_cast<const QKeyEvent&>(aEvent).key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+    case Qt::Key_Escape:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
 
 TimelineDock::TimelineDock(Media& aMedia, LmCvEditor& aEditor, QUndoStack& aStack, QAction& aPrevious,
                            QAction& aNext, QMenu& aMenu, QWidget& aWindow)
@@ -34,20 +61,21 @@ TimelineDock::TimelineDock(Media& aMedia, LmCvEditor& aEditor, QUndoStack& aStac
     connect(actions, &TimelineActions::failed, this, &TimelineDock::failed);
     connect(bar, &FrameBar::failed, this, &TimelineDock::failed);
     connect(&aMedia, &Media::opened, this, &TimelineDock::followMedia);
+    connect(&aMedia, &Media::opened, track, &KeyframeTrack::follow);
+    connect(&aMedia, &Media::frameCountChanged, track, &KeyframeTrack::follow);
     // Who hid the dock keeps it hidden while frames are added.
     connect(&aMedia, &Media::frameCountChanged, this, [this] {
         if (toggleViewAction()->isEnabled() != (theMedia.frameCount() > 1))
             followMedia();
     });
+    aEditor.installEventFilter(this);
     aEditor.viewport()->installEventFilter(this);
     followMedia();
 }
 
 bool TimelineDock::eventFilter(QObject* aObject, QEvent* aEvent)
 {
-    // The middle button pans, which may go on while frames are played.
-    if (aEvent->type() == QEvent::MouseButtonPress &&
-        static_cast<QMouseEvent*>(aEvent)->button() != Qt::MiddleButton)
+    if (isWorkOnPicture(*aEvent))
         thePlayer->stop();
     return QDockWidget::eventFilter(aObject, aEvent);
 }

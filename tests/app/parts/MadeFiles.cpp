@@ -71,6 +71,11 @@ void appendEntry(QByteArray& aBytes, int aTag, int aType, qsizetype aCount, qsiz
     append32(aBytes, aValue);
 }
 
+Page floatPage(int aWidth, int aHeight)
+{
+    return Page{aWidth, aHeight, 64, 1, true, QByteArray(aWidth * aHeight * 8, '\0')};
+}
+
 QByteArray tiffOf(const QList<Page>& aPages)
 {
     constexpr int kShort = 3;
@@ -143,9 +148,17 @@ QByteArray MadeFiles::tiff(const QList<QImage>& aPages)
     return tiffOf(pages);
 }
 
+QByteArray MadeFiles::withDamagedPage(const QList<QImage>& aPages, int aDamaged)
+{
+    QList<Page> pages;
+    for (const QImage& picture : aPages)
+        pages << (pages.size() == aDamaged ? floatPage(picture.width(), picture.height()) : pageOf(picture));
+    return tiffOf(pages);
+}
+
 QByteArray MadeFiles::floatTiff(int aWidth, int aHeight)
 {
-    return tiffOf({Page{aWidth, aHeight, 64, 1, true, QByteArray(aWidth * aHeight * 8, '\0')}});
+    return tiffOf({floatPage(aWidth, aHeight)});
 }
 
 QByteArray MadeFiles::pngHeader(quint32 aWidth, quint32 aHeight)

@@ -23,6 +23,8 @@ QByteArray encoded(const QImage& aPicture, const char* aFormat);
 /// An uncompressed TIFF file with a page for each picture; Grayscale8, Grayscale16 and RGB888 are written as
 /// such.
 QByteArray tiff(const QList<QImage>& aPages);
+/// The same with one page that can't be read.
+QByteArray withDamagedPage(const QList<QImage>& aPages, int aDamaged);
 /// A TIFF page of 64-bit floating point numbers, which picture viewers don't show.
 QByteArray floatTiff(int aWidth, int aHeight);
 
