@@ -171,8 +171,9 @@ void Media::showResized(std::unique_ptr<LmImage> aImage)
         theRegion = QRect();
     exchangeImage(std::move(aImage));
     LmKSKernelData::getInstance()->announceResolution(former, present);
-    // The tools have put their objects where they are without a frame.
-    show(nullptr, theFrame, true);
+    // The tools have put their objects where they are without a frame, and left the values beside them.
+    show(nullptr, theFrame, false);
+    placeObjects();
     placeHiddenItems();
     Q_EMIT regionChanged();
     Q_EMIT resolutionChanged(former, present);
@@ -198,11 +199,17 @@ void Media::setRegion(const QRect& aRegion)
     theRegion = region.isEmpty() ? QRect() : region;
     theImage->setQRoi(theRegion);
     theEditor.imageCanvas()->showImage(theImage.get());
+    placeObjects();
+    Q_EMIT regionChanged();
+}
+
+/// Puts all objects where they are on the present frame, with their values.
+void Media::placeObjects()
+{
     LmKSKernelData* kernel = LmKSKernelData::getInstance();
     const QList<LmCvManipulator*> tools = kernel->getCvManipulatorList();
     for (LmCvManipulator* tool : tools)
         tool->recreateCanvasObjects(kernel->origin(), theFrame, true);
-    Q_EMIT regionChanged();
 }
 
 const FrameTimes& Media::times() const

@@ -93,6 +93,7 @@ private:
     void take(std::unique_ptr<MediaSource> aSource, std::unique_ptr<LmImage> aImage, int aFrame);
     void announce(const QString& aPath, int aFrameCount);
     void show(std::unique_ptr<LmImage> aImage, int aFrame, bool aPlaying);
+    void placeObjects();
 
     LmCvEditor& theEditor;
     std::unique_ptr<MediaSource> theSource; // null for a placeholder

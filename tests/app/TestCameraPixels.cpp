@@ -106,6 +106,7 @@ private Q_SLOTS:
     void brokenFramesGiveNothing();
     void heldCameraIsShownUpright_data();
     void heldCameraIsShownUpright();
+    void twoMirrorsAreNone();
 };
 
 void TestCameraPixels::coloursFollowTheirMatrix_data()
@@ -249,6 +250,17 @@ void TestCameraPixels::heldCameraIsShownUpright()
             const int across = mirrored ? width - 1 - turned.x() : turned.x();
             QCOMPARE(pixel(*image, across, turned.y()), wanted.pixelColor(x, y));
         }
+}
+
+void TestCameraPixels::twoMirrorsAreNone()
+{
+    Format format(kSize, Format::Format_BGRX8888);
+    format.setMirrored(true);
+    QVideoFrame frame = sent(picture(), format);
+    frame.setMirrored(true);
+    QCOMPARE(difference(*CameraPixels().convert(frame), picture()), QString());
+    frame.setMirrored(false);
+    QCOMPARE(difference(*CameraPixels().convert(frame), picture().mirrored(true, false)), QString());
 }
 
 MEASURE_TEST_MAIN(TestCameraPixels)

@@ -12,10 +12,14 @@
 #include "LmKernelObjectData.h"
 #include "MadeFiles.h"
 #include "Media.h"
+#include "PlainValues.h"
+#include "Q3Table.h"
+#include "ScaleBarView.h"
 #include "TestFont.h"
 
 #include <QAction>
 #include <QDir>
+#include <QDockWidget>
 #include <QLine>
 #include <QMenu>
 #include <QUndoStack>
@@ -64,6 +68,8 @@ class TestCameraResolution : public QObject
 private Q_SLOTS:
     void resolutionMenuOffersTheSizes();
     void objectsAreScaledAndKeepTheirValues();
+    void valuesOnTheScreenFollow();
+    void scaleBarFollows();
     void hiddenObjectsAreScaled();
     void animatedObjectsKeepTheirKeyframes();
     void regionOfInterestIsScaled();
@@ -141,6 +147,49 @@ void TestCameraResolution::objectsAreScaledAndKeepTheirValues()
         QVERIFY(now != place.value());
     }
     QVERIFY(w.told().contains(QStringLiteral("800 x 600")));
+}
+
+/// Without a calibration lengths are pixels, of which there are more now.
+void TestCameraResolution::valuesOnTheScreenFollow()
+{
+    CameraWindow w;
+    w.goLive(gray(kFormer));
+    QCOMPARE(w.draw(QPoint(50, 50), QPoint(150, 50)), 1);
+    LmCvManipulator& tool = *w.distanceTool();
+    const auto cell = [&w] {
+        auto* dock = w.window().findChild<QDockWidget*>(QStringLiteral("Measurements"));
+        const Q3Table& table = *dock->findChild<Q3Table*>();
+        const Q3Header& header = *table.horizontalHeader();
+        int column = 0;
+        while (header.label(header.mapToSection(column)) != QStringLiteral("Distance"))
+            ++column;
+        return table.text(0, column);
+    };
+    const QString former = tool.getCvObject(1)->theDisplayValue;
+    QVERIFY2(former.contains(QStringLiteral("100")), qPrintable(former));
+    QVERIFY2(cell().contains(QStringLiteral("100")), qPrintable(cell()));
+    w.send(gray(kDouble));
+    QCOMPARE(tool.getCvObject(1)->theDisplayValue, PlainValues::label(tool, *w.distance(1)));
+    QVERIFY2(tool.getCvObject(1)->theDisplayValue.contains(QStringLiteral("200")),
+             qPrintable(tool.getCvObject(1)->theDisplayValue));
+    QVERIFY2(cell().contains(QStringLiteral("200")), qPrintable(cell()));
+}
+
+void TestCameraResolution::scaleBarFollows()
+{
+    CameraWindow w;
+    w.goLive(gray(kFormer));
+    Calibrating::calibrate(w, QStringLiteral("50"));
+    w.actions().theZoomOne->trigger();
+    w.actions().theScaleBar->setChecked(true);
+    const QWidget* viewport = w.editor().viewport();
+    const auto& bar = *viewport->findChild<ScaleBarView*>();
+    const int former = bar.width();
+    const QString text = bar.text();
+    QCOMPARE(text, PlainValues::scaleBar(w.editor().zoom(), viewport->width()));
+    w.send(gray(kDouble));
+    QCOMPARE(bar.text(), PlainValues::scaleBar(w.editor().zoom(), viewport->width()));
+    QVERIFY(bar.text() != text || bar.width() > former);
 }
 
 void TestCameraResolution::hiddenObjectsAreScaled()

@@ -208,6 +208,8 @@ void LmKSKernelData::showFrame(Int64 aFrame, bool aPlaying)
 void LmKSKernelData::announceResolution(QSize aOldSize, QSize aNewSize)
 {
     Q_EMIT signalCurrentResChangedByCamera(aOldSize, aNewSize);
+    // A unit has another number of pixels now, so whoever shows values reads them again.
+    Q_EMIT signalAfterCalibrationChanged(theCurrentCalibration, theCalibrations.value(theCurrentCalibration));
 }
 
 void LmKSKernelData::announceCurrentView(int aView, int aMode)
