@@ -4,6 +4,7 @@
 #include "FitStrokes.h"
 #include "SplineOptymizeInternal.h"
 #include "TestFont.h"
+#include "Watched.h"
 
 #include <QThread>
 
@@ -109,7 +110,7 @@ void TestFitProperties::strokesOfEveryKindKeepAllPromises()
     const double scales[] = {1.0, 1.0, 1.0, 1e-3, 1e-9, 1e-160, 1e6, 1e15, 1e60};
     int fitted = 0;
     int failed = 0;
-    for (int round = 0; round < 2000; ++round) {
+    for (int round = 0; round < Watched::rounds(2000); ++round) {
         const auto stroke = FitStrokes::make(FitStrokes::Kind(kind), 2 + random.bounded(70), random);
         const FitCase fit = randomCase(FitStrokes::scaled(stroke, oneOf(scales, random)), random);
         if (fit.theSamples.size() < 2)
@@ -119,8 +120,8 @@ void TestFitProperties::strokesOfEveryKindKeepAllPromises()
         QVERIFY2(problem.isEmpty(), qPrintable(QString("round %1: %2").arg(round).arg(problem)));
         ++(checker.count() < 0 ? failed : fitted);
     }
-    QVERIFY(fitted > 800);
-    QVERIFY(failed > 40 || kind == FitStrokes::kStraightWithRepeats);
+    QVERIFY(fitted > Watched::rounds(800));
+    QVERIFY(failed > Watched::rounds(40) || kind == FitStrokes::kStraightWithRepeats);
 }
 
 void TestFitProperties::coordinatesAtTheEndsOfTheRangeOfNumbers()
@@ -129,7 +130,7 @@ void TestFitProperties::coordinatesAtTheEndsOfTheRangeOfNumbers()
     const double extremes[] = {kInfinity, -kInfinity, kHuge, -kHuge, 1e154, -1e154,
                                1e100,     1e78,       kTiny, -kTiny, 0.0};
     const double errors[] = {0.0, 0.5, 1e100, 1e300, kHuge, kInfinity, kTiny};
-    for (int round = 0; round < 6000; ++round) {
+    for (int round = 0; round < Watched::rounds(6000); ++round) {
         auto stroke = FitStrokes::make(FitStrokes::kHand, 2 + random.bounded(20), random);
         const bool many = random.bounded(2) == 0;
         for (Point2D& sample : stroke) {
@@ -151,7 +152,7 @@ void TestFitProperties::entriesAgreeWithTheFullFit()
 {
     QRandomGenerator random(freshSeed());
     SplineOptymizeInternal maths;
-    for (int round = 0; round < 1000; ++round) {
+    for (int round = 0; round < Watched::rounds(1000); ++round) {
         const int kind = random.bounded(int(FitStrokes::kKindCount));
         auto stroke = FitStrokes::make(FitStrokes::Kind(kind), 2 + random.bounded(60), random);
         for (std::size_t i = 1; i < stroke.size(); ++i) {

@@ -7,6 +7,7 @@
 #include "PointMath.h"
 #include "ShapeStrokes.h"
 #include "TestFont.h"
+#include "Watched.h"
 #include "ZnCvSplineOptymize.h"
 #include "ZnCvSplineTryShape.h"
 
@@ -16,7 +17,7 @@
 namespace {
 
 constexpr quint32 kSeed = 5303;
-constexpr int kStrokes = 6000;
+constexpr int kStrokes = Watched::rounds(6000);
 
 ShapeStrokes::Kind kindOf(int aIndex)
 {
@@ -151,7 +152,7 @@ void TestShapeProperties::longStrokesAreComparedInRunsAsInPairs()
     qInfo("seed %u", kSeed);
     QRandomGenerator random(kSeed);
     std::array<int, 2> found{};
-    for (int i = 0; i < 600; ++i) {
+    for (int i = 0; i < Watched::rounds(600); ++i) {
         // Two stretches that may come near each other only far from both ends of the stroke.
         const int count = random.bounded(600, 2600);
         const QPoint shift(random.bounded(-2500, 2500), random.bounded(-60, 60));

@@ -10,8 +10,8 @@ class QVideoFrame;
 class CameraPixels
 {
 public:
-    /// Upright, however the camera is held. One channel for gray frames, three for all others: a camera has no
-    /// transparency. Null for a frame that can't be read; may throw std::bad_alloc.
+    /// Upright, however the camera is held. One channel for gray frames, three for all others: a camera has
+    /// no transparency. Null for a frame that can't be read; may throw std::bad_alloc.
     std::unique_ptr<LmImage> convert(const QVideoFrame& aFrame);
 
 private:
