@@ -89,6 +89,10 @@ QImage PictureRenderer::render(LmCvEditor& aEditor, bool aScaleBar)
     QImage picture(canvas->size(), QImage::Format_RGB32);
     if (picture.isNull())
         return picture;
+    // The note of programs that know none; that of the screen would be taken for the picture's own.
+    constexpr int kUnknownResolution = 2835; // pixels per metre, 72 per inch
+    picture.setDotsPerMeterX(kUnknownResolution);
+    picture.setDotsPerMeterY(kUnknownResolution);
     picture.fill(canvas->backgroundColor());
     const PlainItems plain(aEditor);
     QPainter painter(&picture);

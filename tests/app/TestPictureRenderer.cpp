@@ -9,12 +9,15 @@
 #include "MadeFiles.h"
 #include "Media.h"
 #include "PictureRenderer.h"
+#include "ResolutionTag.h"
 #include "Sentence.h"
 #include "TestBench.h"
 #include "TestFont.h"
 #include "TestSamples.h"
 
 #include <QDir>
+
+#include <cmath>
 
 /// The picture with its objects burned in.
 class TestPictureRenderer : public QObject
@@ -31,6 +34,8 @@ private Q_SLOTS:
     void selectionIsNotDrawnAndStays();
     void hiddenObjectsAreNotDrawn();
     void fileHoldsTheRenderedPicture();
+    void noResolutionIsMadeUp_data();
+    void noResolutionIsMadeUp();
     void formatFollowsTheEnding_data();
     void formatFollowsTheEnding();
     void unknownEndingIsTold();
@@ -134,6 +139,24 @@ void TestPictureRenderer::fileHoldsTheRenderedPicture()
     QCOMPARE(QImage(path).convertToFormat(QImage::Format_RGB32),
              render().convertToFormat(QImage::Format_RGB32));
     QCOMPARE(benchState(*theBench), before);
+}
+
+void TestPictureRenderer::noResolutionIsMadeUp_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"a.png", "a.jpg", "a.tif"})
+        QTest::newRow(name) << QString(QLatin1String(name));
+}
+
+/// 72 pixels per inch are doubted when a calibration is made from them.
+void TestPictureRenderer::noResolutionIsMadeUp()
+{
+    QFETCH(QString, name);
+    const QString path = theBench->path(name);
+    QVERIFY2(PictureRenderer::renderTo(theBench->editor(), path, theError), qPrintable(theError));
+    const ResolutionTag tag = ResolutionTag::read(path);
+    QVERIFY(!tag.isNoted() ||
+            std::abs(25.4 / tag.pixelMillimetres() - 72.0) < 1.0); // rounded to whole pixels per centimetre
 }
 
 void TestPictureRenderer::formatFollowsTheEnding_data()

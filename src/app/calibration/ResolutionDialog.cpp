@@ -13,7 +13,7 @@ bool isUsualGuess(const ResolutionTag& aTag)
 {
     constexpr double kGuess = 72.0;
     constexpr double kMillimetresPerInch = 25.4;
-    constexpr double kRounding = 0.01; // of whole pixels per metre
+    constexpr double kRounding = 1.0; // to whole pixels per centimetre
     return std::abs(kMillimetresPerInch / aTag.pixelMillimetres() - kGuess) < kRounding;
 }
 
