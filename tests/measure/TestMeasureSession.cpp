@@ -189,7 +189,10 @@ void TestMeasureSession::compareFreshValues()
 {
     LmKSKernelData& kernel = theFixture->theKernel;
     kernel.showFrame(kernel.theCurrentFrame, false);
-    calibrate();
+    // One that nobody has yet; the same one once more would be no calibration.
+    const QString name = QStringLiteral("fresh");
+    const LmCalibData data{1.0 + theRandom.generateDouble(), QStringLiteral("mm")};
+    theFixture->theStack.push(new CmdCalibrate(name, data, name));
     for (auto it = thePlain->theObjects.cbegin(); it != thePlain->theObjects.cend(); ++it) {
         LmCvManipulator* tool = kernel.getCvManipulator(it->first);
         const LmKernelObjectData* record = kernel.getObject(it->first, it->second);
@@ -203,7 +206,8 @@ void TestMeasureSession::compareFreshValues()
                 QCOMPARE(text.section(QLatin1Char(' '), 0, 0), value.toString());
             if (value.typeId() == QMetaType::Double && qAbs(value.toDouble()) < 1e9 &&
                 qAbs(value.toDouble()) > 1e-3)
-                QVERIFY(qAbs(text.section(QLatin1Char(' '), 0, 0).toDouble() - value.toDouble()) < 0.0101);
+                QVERIFY2(qAbs(text.section(QLatin1Char(' '), 0, 0).toDouble() - value.toDouble()) < 0.0101,
+                         qPrintable(text + QStringLiteral(" for ") + value.toString()));
             QCOMPARE(text.section(QLatin1Char(' '), 1), units.value(0));
         }
     }

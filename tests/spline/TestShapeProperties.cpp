@@ -124,7 +124,7 @@ void TestShapeProperties::recognisedShapesLieNearTheStroke()
         const QPoint shift = QPolygon(outline.anchors()).boundingRect().center() - around.center();
         QVERIFY2(shift.manhattanLength() <= 4 + (around.width() + around.height()) / 8, context(i));
     }
-    QVERIFY(shapes > 300);
+    QVERIFY(shapes > Watched::rounds(300));
 }
 
 void TestShapeProperties::openStrokesAreNeverShapes()
