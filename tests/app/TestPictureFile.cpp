@@ -25,6 +25,7 @@ private Q_SLOTS:
     void bytesBehindTheEndOfAJpegDoNoHarm();
     void pagesAreFrames();
     void pagesMayDifferInSize();
+    void pageTooLongForTheOthersIsCut();
     void pageOutsideTheFileIsRefused();
     void framesOfAnAnimationAreFrames();
     void firstPageCanBeReadAgain();
@@ -174,6 +175,20 @@ void TestPictureFile::pagesMayDifferInSize()
         QPainter(&wanted).drawImage(0, 0, page == 0 ? first : second);
         QCOMPARE(difference(*image, wanted), QString());
     }
+}
+
+/// A canvas for both would not fit into memory.
+void TestPictureFile::pageTooLongForTheOthersIsCut()
+{
+    const QImage wide = madePicture(60000, 1);
+    const QImage high = madePicture(1, 60000);
+    const QString path =
+        MadeFiles::writeIn(theFolder, QStringLiteral("long.tif"), MadeFiles::tiff({wide, high}));
+    QString error;
+    const auto file = PictureFile::open(path, error);
+    QVERIFY2(file, qPrintable(error));
+    for (const int page : {0, 1})
+        QCOMPARE(file->readFrame(page, error)->size(), wide.size());
 }
 
 void TestPictureFile::pageOutsideTheFileIsRefused()

@@ -89,15 +89,16 @@ void PictureFile::measurePages()
     for (int page = 1; page < qMin(theFrameCount, kMostLookedAt); ++page) {
         const QSize size = reader.jumpToImage(page) ? shownSize(reader) : QSize();
         theSizesDiffer = theSizesDiffer || (size.isValid() && size != theSize);
-        if (size.isValid() && qint64(size.width()) * size.height() <= kMaxPixels)
-            theSize = theSize.expandedTo(size);
+        const QSize shared = theSize.expandedTo(size);
+        if (size.isValid() && qint64(shared.width()) * shared.height() <= kMaxPixels)
+            theSize = shared;
     }
 }
 
 QString PictureFile::remark() const
 {
     return theSizesDiffer
-               ? tr("The pages of this file differ in size; the smaller ones are filled up with gray.")
+               ? tr("The pages of this file differ in size; they are cut or filled up with gray to one size.")
                : QString();
 }
 
